@@ -16,7 +16,7 @@ class Value {
   enum class Kind { Empty, Boolean, Number, Text };
 
   Value() = default;
-  explicit Value(bool boolean) : mContent(boolean) {}
+  explicit Value(bool truth) : mContent(truth) {}
   explicit Value(double number) : mContent(number) {}
   explicit Value(std::string text) : mContent(std::move(text)) {}
   explicit Value(std::string_view text) : mContent(std::string(text)) {}
