@@ -14,7 +14,8 @@ namespace plotvane::platform {
 // To a 32-bit float; error 6 when too large.
 [[nodiscard]] Outcome<float> ToSingle(double value) noexcept;
 
-// The nearest whole number that fits 16 bits, halves to even, values beyond clamped; for pixel positions.
+// The nearest whole number that fits 16 bits, halves to even, values beyond clamped, 0 for a
+// not-a-number; for pixel positions.
 [[nodiscard]] std::int16_t ClampToInt16(double value) noexcept;
 
 // The result of an arithmetic step: `value` when finite, else error 6 (11 and 5 are told apart by the caller,

@@ -11,7 +11,7 @@ namespace plotvane::platform {
 template <typename T>
 class [[nodiscard]] Outcome {
  public:
-  Outcome(T value) : mValue(std::move(value)) {}          // NOLINT: a value is an outcome
+  Outcome(T value) : mValue(std::move(value)) {}            // NOLINT: a value is an outcome
   Outcome(StandardError error) noexcept : mError(error) {}  // NOLINT: so is an error
 
   [[nodiscard]] bool Ok() const noexcept { return mError == StandardError::None; }

@@ -1,4 +1,5 @@
-// RunTimeError: how a run-time error leaves an operation that has no status of its own (graph, control, files).
+// RunTimeError: how a run-time error leaves an operation that has no status of its own (graph, control,
+// files).
 #pragma once
 
 #include <cstdint>
@@ -10,8 +11,8 @@
 namespace plotvane::platform {
 
 // Carries a standard error number and its text. Thrown by operations of the graph, the control and the record
-// files; never by the expression engine, which reports through its error object. It never leaves a COM method,
-// a window procedure or a callback: those edges turn it into a status.
+// files; never by the expression engine, which reports through its error object. It never leaves a COM
+// method, a window procedure or a callback: those edges turn it into a status.
 class RunTimeError : public std::runtime_error {
  public:
   explicit RunTimeError(StandardError error)

@@ -10,8 +10,8 @@ namespace plotvane::platform {
 // the enumeration's underlying value.
 enum class StandardError : std::int32_t {
   None = 0,
-  InvalidCall = 5,          // square root or logarithm outside its domain, bad argument of a financial function
-  Overflow = 6,             // a result too large, a conversion out of range
+  InvalidCall = 5,  // square root or logarithm outside its domain, bad argument of a financial function
+  Overflow = 6,     // a result too large, a conversion out of range
   OutOfMemory = 7,
   SubscriptOutOfRange = 9,  // index outside an array
   DivisionByZero = 11,      // 0/0, "mod" and "\" by zero, 0 raised to a negative power

@@ -40,7 +40,8 @@ class Value {
   // As a text: empty is "", booleans are "True" and "False", numbers by NumberText.
   [[nodiscard]] std::string ToText() const;
 
-  // As a boolean: 0 is False, all other numbers are True; texts as numbers ("True" and "False" by their word).
+  // As a boolean: 0 is False, all other numbers are True; texts as numbers ("True" and "False" by their
+  // word).
   [[nodiscard]] Outcome<bool> ToBoolean() const;
 
   void Clear() noexcept { mContent = std::monostate{}; }
