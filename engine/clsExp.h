@@ -5,6 +5,12 @@
 //   Value result;
 //   if (expression.Evaluate("2*3 -> x", result)) … result.ToText() …
 //   else … expression.ErrObj().CustomErrorDescription …
+//
+// For many evaluations of one expression, record it once and replay it:
+//
+//   expression.EvaluateThenSavePreParsedExpression("x^2", result);
+//   table->Change("x", Value(3.0));
+//   expression.EvaluateCurrentPreParsedExpression(result);   // 9
 #pragma once
 
 #include <cstdint>
@@ -17,47 +23,88 @@
 #include "platform/value.h"
 #include "platform/variable_table.h"
 
+namespace plotvane::functions {
+class clsMath;
+}
+
 namespace plotvane::engine {
 
+class Evaluator;
+struct EvaluationState;
+
+// How results are shown, see engine/number_mode.h.
+enum class NumberMode : std::uint8_t { Decimal, Fixed, Octal, Hexadecimal, Binary };
+
+// Errors. Every evaluation returns whether it succeeded; after a failure the result is cleared and ErrObj()
+// tells why. Steps that were completed before the failure stay done: "x=7 8" fails and x is 7. The one
+// exception that leaves an evaluation is a RunTimeError of the variable table (a host's own table may raise
+// errors): it passes through, nothing is recorded for it, and the object is ready for the next evaluation.
+//
+// The table may call back: an evaluation that is started on this object while another is in progress runs by
+// itself and leaves the outer one as it was, but for the error object, which both share.
 class clsExp {
  public:
+  // Decimal mode, radians, an empty recorded list, no variable table: reading or storing any name is then
+  // standard error 91.
   clsExp();
   ~clsExp();
   clsExp(const clsExp&) = delete;
   clsExp& operator=(const clsExp&) = delete;
 
-  // Number modes: "decimal", "fixed", "octal", "hexadecimal", "binary".
-  [[nodiscard]] bool SetFixedDecimalPlaces(const platform::Value& newNum);
+  // Places shown in fixed mode: -100 to 127 (the lopsided range is deliberate); false and no change outside
+  // it, or when `newNum` is not a number. Rounded to a whole number, halves to even.
+  bool SetFixedDecimalPlaces(const platform::Value& newNum);
   [[nodiscard]] std::int16_t GetFixedDecimalPlaces() const noexcept;
-  [[nodiscard]] std::string GetFormatMode() const;
-  bool SetFormatMode(std::string_view newModeString);
 
+  // "decimal", "fixed", "octal", "hexadecimal" or "binary", in any case. Any other word sets decimal mode and
+  // returns false: deliberately the mode before is not kept.
+  bool SetFormatMode(std::string_view newModeString);
+  [[nodiscard]] std::string GetFormatMode() const;
+
+  // The angle unit of trigonometric functions: one switch, seen from two sides.
   [[nodiscard]] bool GetRadianMode() const noexcept;
   void SetRadianMode(bool on) noexcept;
   [[nodiscard]] bool GetDegreeMode() const noexcept;
   void SetDegreeMode(bool on) noexcept;
 
+  // Clears the errors and empties the bracket stack; every evaluation begins with it.
   void PreEvalInitiate();
   void ClearErrors();
 
-  // Each returns true when no error occurred; after a failure the result is cleared and ErrObj() tells why.
+  // One statement from the current token on, formatted by the number mode.
   bool EvaluateLineAndFormat(platform::Value& result);
-  bool Evaluate(std::string_view text, platform::Value& result);
-  bool EvaluateThenSavePreParsedExpression(std::string_view text, platform::Value& result);
-  void SetPPE(std::shared_ptr<clsPreParsedExpression> newPPE);
-  bool EvaluateCurrentPreParsedExpression(platform::Value& result);
-  bool EvaluatePreParsedExpression(std::shared_ptr<clsPreParsedExpression> expression, platform::Value& result);
 
-  // Calculus operations; see engine/calculus.h for the methods.
+  // A whole line of statements. One statement gives its value (a number or a boolean in decimal mode, else
+  // the formatted text); several give the text of all, joined by " : ".
+  bool Evaluate(std::string_view text, platform::Value& result);
+
+  // Evaluate, and the current recorded list is emptied first and then holds every token read, the end of the
+  // input included. An expression of more than 32,767 tokens is standard error 6; recording stops at any
+  // error.
+  bool EvaluateThenSavePreParsedExpression(std::string_view text, platform::Value& result);
+
+  // Replays: the recorded tokens are evaluated again with what the variables hold now.
+  void SetPPE(std::shared_ptr<clsPreParsedExpression> newPPE);
+  [[nodiscard]] const std::shared_ptr<clsPreParsedExpression>& GetPPE() const noexcept;
+  bool EvaluateCurrentPreParsedExpression(platform::Value& result);
+  bool EvaluatePreParsedExpression(std::shared_ptr<clsPreParsedExpression> expression,
+                                   platform::Value& result);
+
+  // Calculus over a recorded expression and one variable of the table; engine/calculus.h has the rules. False
+  // without a recorded error for a zero step, an n below 1, a failed evaluation (its error belongs to the
+  // private expression object of the operation) and a refused store; an error of the operation's own
+  // arithmetic is recorded here. `result` of SigmaSum is added to, it is not cleared.
   bool SigmaSum(std::shared_ptr<clsPreParsedExpression> expression, std::string_view variable, double low,
                 double high, double step, double& result);
   bool Derivative(std::shared_ptr<clsPreParsedExpression> expression, std::string_view variable, double x,
                   double h, double& result);
-  bool NDerivative(std::int16_t n, std::shared_ptr<clsPreParsedExpression> expression, std::string_view variable,
-                   double x, double h, double& result);
   bool LIntegral(std::shared_ptr<clsPreParsedExpression> expression, std::string_view variable, double a,
                  double b, double width, double& result);
+  bool NDerivative(std::int16_t n, std::shared_ptr<clsPreParsedExpression> expression,
+                   std::string_view variable, double x, double h, double& result);
 
+  // When on, a single statement is not formatted, and a result that is not numeric is custom error 8. A
+  // boolean is numeric, as is a text that is a number from end to end.
   [[nodiscard]] bool GetAcceptNumericResultOnly() const noexcept;
   void SetAcceptNumericResultOnly(bool on) noexcept;
 
@@ -66,11 +113,34 @@ class clsExp {
   [[nodiscard]] const std::shared_ptr<platform::VariableTable>& GetVarTable() const noexcept;
   void SetVarTable(std::shared_ptr<platform::VariableTable> table) noexcept;
 
+  // The stored text and its evaluation; inside a replay EvaluateIt replays again.
   [[nodiscard]] std::string GetExpression() const;
   void SetExpression(std::string_view text);
   bool EvaluateIt(platform::Value& result);
 
   [[nodiscard]] clsStdErrObj& ErrObj() noexcept;
+  [[nodiscard]] const clsStdErrObj& ErrObj() const noexcept;
+
+  // What the error object reads and writes of its owner.
+  [[nodiscard]] bool ErrorOccurred() const noexcept;
+  [[nodiscard]] bool ErrorAlreadySet() const noexcept;
+  void SetErrorFlags(bool errorOccurred, bool errorAlreadySet) noexcept;
+  [[nodiscard]] std::string_view e_Spelling() const noexcept;  // the current token's text
+  [[nodiscard]] std::string_view PopPar() const noexcept;  // the opening bracket last taken from the stack
+
+ private:
+  friend class Evaluator;
+
+  std::unique_ptr<functions::clsMath> mMath;
+  clsStdErrObj mErrObj;
+  std::unique_ptr<EvaluationState> mState;  // of the evaluation in progress, or of the last one
+  std::shared_ptr<clsPreParsedExpression> mPPE;
+  std::shared_ptr<platform::VariableTable> mVarTable;
+  std::string mExpression;
+  NumberMode mNumberMode = NumberMode::Decimal;
+  std::int16_t mFixedDecimalPlaces = 0;
+  bool mRadianMode = true;
+  bool mAcceptNumericResultOnly = false;
 };
 
 }  // namespace plotvane::engine
