@@ -39,7 +39,9 @@ Trapped ToSinglePrecision(Trapped x) {
   return single.Ok() ? Trapped(static_cast<double>(single.Get())) : Trapped(single.Error());
 }
 
-double NextRandom() { return static_cast<double>(platform::SharedRandomGenerator().Next()); }
+double NextRandom() {
+  return static_cast<double>(platform::SharedRandomGenerator().Next());
+}
 
 }  // namespace
 
@@ -47,13 +49,18 @@ Trapped Factorial(Trapped n) {
   const Trapped whole = ToWhole16(n);
   if (!whole.Ok()) return whole;
   Trapped product = 1.0;
-  for (double factor = whole.Get(); factor >= 2 && product.Ok(); factor -= 1) product = product * Trapped(factor);
+  for (double factor = whole.Get(); factor >= 2 && product.Ok(); factor -= 1)
+    product = product * Trapped(factor);
   return product;
 }
 
-Trapped Combinations(Trapped n, Trapped r) { return Factorial(n) / (Factorial(r) * Factorial(n - r)); }
+Trapped Combinations(Trapped n, Trapped r) {
+  return Factorial(n) / (Factorial(r) * Factorial(n - r));
+}
 
-Trapped Permutations(Trapped n, Trapped r) { return Factorial(n) / Factorial(n - r); }
+Trapped Permutations(Trapped n, Trapped r) {
+  return Factorial(n) / Factorial(n - r);
+}
 
 Trapped GreatestCommonFactor(Trapped a, Trapped b) {
   for (int round = 0; round < kMostEuclidRounds; ++round) {
@@ -68,7 +75,9 @@ Trapped GreatestCommonFactor(Trapped a, Trapped b) {
   return CustomError::UndefinedValue;
 }
 
-Trapped LeastCommonMultiple(Trapped a, Trapped b) { return a * b / GreatestCommonFactor(a, b); }
+Trapped LeastCommonMultiple(Trapped a, Trapped b) {
+  return a * b / GreatestCommonFactor(a, b);
+}
 
 Trapped WholeQuotient(Trapped a, Trapped b) {
   return OnWholeNumbers(a, b, [](std::int64_t left, std::int64_t right) -> Trapped {

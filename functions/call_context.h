@@ -49,8 +49,8 @@ struct ErrorPair {
   friend constexpr bool operator==(const ErrorPair&, const ErrorPair&) = default;
 };
 
-// An argument that was recorded instead of evaluated. Opaque here; the engine's token list derives from it and the
-// engine alone looks inside.
+// An argument that was recorded instead of evaluated. Opaque here; the engine's token list derives from it
+// and the engine alone looks inside.
 class RecordedArgument {
  public:
   virtual ~RecordedArgument() = default;
@@ -78,29 +78,31 @@ enum class ArgumentEnd {
   Failed,  // neither, or the wrong bracket: an error was raised
 };
 
-// The expression object as dispatch sees it: a cursor over one bracketed argument list, the angle mode, the calculus
-// operations, and the raising of errors. Dispatch owns the rules (which argument is read how, counts, defaults,
-// conversions); the context owns the token stream. An operation that returns false, null or Failed has raised its
-// error.
+// The expression object as dispatch sees it: a cursor over one bracketed argument list, the angle mode, the
+// calculus operations, and the raising of errors. Dispatch owns the rules (which argument is read how,
+// counts, defaults, conversions); the context owns the token stream. An operation that returns false, null or
+// Failed has raised its error.
 //
-//   OpenArguments, then until AtEmptyList or Closed: one of ReadValue, RecordExpression, ReadName, then EndArgument
+//   OpenArguments, then until AtEmptyList or Closed: one of ReadValue, RecordExpression, ReadName, then
+//   EndArgument
 class CallContext {
  public:
   virtual ~CallContext() = default;
 
   // Takes the opening bracket after the name; custom error 14 when there is none.
   [[nodiscard]] virtual bool OpenArguments() = 0;
-  // Directly after OpenArguments: true when the list is empty; the partner closing bracket is then taken. A wrong
-  // closing bracket raises custom error 2 and counts as not empty (the next step then fails at once).
+  // Directly after OpenArguments: true when the list is empty; the partner closing bracket is then taken. A
+  // wrong closing bracket raises custom error 2 and counts as not empty (the next step then fails at once).
   [[nodiscard]] virtual bool AtEmptyList() = 0;
   // One argument as a value: a full expression read at level 1.
   [[nodiscard]] virtual bool ReadValue(platform::Value& value) = 0;
-  // One argument recorded up to the comma or bracket that ends it, at the depth of this list; an empty one is custom
-  // error 1.
+  // One argument recorded up to the comma or bracket that ends it, at the depth of this list; an empty one is
+  // custom error 1.
   [[nodiscard]] virtual std::shared_ptr<RecordedArgument> RecordExpression() = 0;
   // One argument that must be a single identifier; custom error 13 otherwise.
   [[nodiscard]] virtual bool ReadName(std::string& name) = 0;
-  // The token after an argument; custom error 15 when it is neither comma nor closing bracket, 2 for the wrong one.
+  // The token after an argument; custom error 15 when it is neither comma nor closing bracket, 2 for the
+  // wrong one.
   [[nodiscard]] virtual ArgumentEnd EndArgument() = 0;
 
   [[nodiscard]] virtual AngleMode GetAngleMode() const = 0;

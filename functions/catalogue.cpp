@@ -1,11 +1,14 @@
 #include "functions/catalogue.h"
 
+#include <optional>
+
 namespace plotvane::functions {
 
 namespace {
 
-constexpr std::size_t kLongestName =
-    std::ranges::max(kCatalogue, {}, [](const Function& function) { return function.name.size(); }).name.size();
+constexpr std::size_t kLongestName = std::ranges::max(kCatalogue, {}, [](const Function& function) {
+                                       return function.name.size();
+                                     }).name.size();
 
 constexpr char LowerCase(char character) noexcept {
   return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;

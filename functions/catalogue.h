@@ -1,14 +1,13 @@
 // The catalogue: the one table of all built-in function names.
 //
-// Dispatch, arity errors, the help and completion of the command line and the language reference walk this table; no
-// other place lists the names. Its order is the order in which dispatch tests them.
+// Dispatch, arity errors, the help and completion of the command line and the language reference walk this
+// table; no other place lists the names. Its order is the order in which dispatch tests them.
 #pragma once
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,13 +15,69 @@
 
 namespace plotvane::functions {
 
-// What a function does; aliases share one operation. functions/operations.h holds the table that carries them out.
+// What a function does; aliases share one operation. functions/operations.h holds the table that carries them
+// out.
 enum class Operation : std::uint8_t {
-  LIntegral, Derivative, NDerivative, SigmaSum,
-  Abs, Exp, Fix, Int, Log10, Ln, Rnd, Random, RandomInt, Sgn, SquareRoot, Factorial, Degrees, Radians, GetDecimal,
-  Sine, Cosine, Tangeant, Sec, Csc, Ctn, ArcSin, ArcCos, ArcTan, ArcSec, ArcCsc, ArcCtn,
-  HSin, HCos, HTan, HSec, HCsc, HCtn, HArcSin, HArcCos, HArcTan, HArcSec, HArcCsc, HArcCtn,
-  LogN, NCr, NPr, Gcf, Lcm, DecimalMod, Round, Rgb, Sln, NPer, Pmt, Pv, Fv, Rate, Syd, IPmt, PPmt,
+  LIntegral,
+  Derivative,
+  NDerivative,
+  SigmaSum,
+  Abs,
+  Exp,
+  Fix,
+  Int,
+  Log10,
+  Ln,
+  Rnd,
+  Random,
+  RandomInt,
+  Sgn,
+  SquareRoot,
+  Factorial,
+  Degrees,
+  Radians,
+  GetDecimal,
+  Sine,
+  Cosine,
+  Tangeant,
+  Sec,
+  Csc,
+  Ctn,
+  ArcSin,
+  ArcCos,
+  ArcTan,
+  ArcSec,
+  ArcCsc,
+  ArcCtn,
+  HSin,
+  HCos,
+  HTan,
+  HSec,
+  HCsc,
+  HCtn,
+  HArcSin,
+  HArcCos,
+  HArcTan,
+  HArcSec,
+  HArcCsc,
+  HArcCtn,
+  LogN,
+  NCr,
+  NPr,
+  Gcf,
+  Lcm,
+  DecimalMod,
+  Round,
+  Rgb,
+  Sln,
+  NPer,
+  Pmt,
+  Pv,
+  Fv,
+  Rate,
+  Syd,
+  IPmt,
+  PPmt,
 };
 inline constexpr std::size_t kOperationCount = static_cast<std::size_t>(Operation::PPmt) + 1;
 
@@ -142,7 +197,8 @@ static_assert(std::ranges::all_of(kCatalogue, [](const Function& function) {
 enum class CalculusArgument : std::uint8_t { Value, Expression, Variable };
 
 // Position 0 is the first argument: an n-th derivative begins with n, the others with the expression.
-[[nodiscard]] constexpr CalculusArgument CalculusArgumentAt(const Function& function, std::size_t position) noexcept {
+[[nodiscard]] constexpr CalculusArgument CalculusArgumentAt(const Function& function,
+                                                            std::size_t position) noexcept {
   const std::size_t expression = function.operation == Operation::NDerivative ? 1 : 0;
   if (position == expression) return CalculusArgument::Expression;
   return position == expression + 1 ? CalculusArgument::Variable : CalculusArgument::Value;

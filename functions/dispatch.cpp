@@ -12,13 +12,15 @@ namespace {
 
 using platform::Value;
 
-// An argument list as read: all arguments are evaluated and counted, those beyond the most that any function takes are
-// not kept.
+// An argument list as read: all arguments are evaluated and counted, those beyond the most that any function
+// takes are not kept.
 struct ValueList {
   std::array<Value, kMostArguments> values;
   std::size_t count = 0;
 
-  [[nodiscard]] std::span<const Value> Kept() const { return {values.data(), std::min(count, values.size())}; }
+  [[nodiscard]] std::span<const Value> Kept() const {
+    return {values.data(), std::min(count, values.size())};
+  }
 };
 
 // Reads a bracketed list, `readOne(position)` for each argument; false after an error was raised.
@@ -121,7 +123,8 @@ bool CallCalculus(const Function& function, CallContext& context, Value& value) 
 }
 
 // Counts the whole list, of which `values` may be the front.
-Trapped ComputeCounted(const Function& function, AngleMode mode, std::span<const Value> values, std::size_t count) {
+Trapped ComputeCounted(const Function& function, AngleMode mode, std::span<const Value> values,
+                       std::size_t count) {
   const ErrorPair wrongCount = CheckCount(function, count);
   if (!wrongCount.None()) return wrongCount;
   NumericArguments arguments;

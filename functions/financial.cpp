@@ -2,6 +2,8 @@
 
 namespace plotvane::functions::financial {
 
-Trapped StraightLine(Trapped cost, Trapped salvage, Trapped life) { return (cost - salvage) / life; }
+Trapped StraightLine(Trapped cost, Trapped salvage, Trapped life) {
+  return (cost - salvage) / life;
+}
 
 }  // namespace plotvane::functions::financial

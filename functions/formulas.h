@@ -1,14 +1,14 @@
 // The formulas of the mathematical operations, each written once for any kind of number.
 //
-// `Real` is Trapped (a number under the error trap) or Plain (a bare double; failures show as non-finite results). Both
-// give the same bits. Where a formula loses accuracy (inverse hyperbolic functions from logarithms) or has a gap (the
-// inverse sine of -1 divides by zero), that is its definition here and is kept.
+// `Real` is Trapped (a number under the error trap) or Plain (a bare double; failures show as non-finite
+// results). Both give the same bits. Where a formula loses accuracy (inverse hyperbolic functions from
+// logarithms) or has a gap (the inverse sine of -1 divides by zero), that is its definition here and is kept.
 #pragma once
 
 namespace plotvane::functions::formulas {
 
-// The system's pi: the double nearest to this 15-digit decimal, not the one nearest to pi. All special cases compare
-// against values computed from it.
+// The system's pi: the double nearest to this 15-digit decimal, not the one nearest to pi. All special cases
+// compare against values computed from it.
 inline constexpr double kPi = 3.14159265358979;
 inline constexpr double kHalfPi = kPi / 2;
 inline constexpr double kThreeHalvesPi = 4.712388980384685;

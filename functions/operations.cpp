@@ -119,7 +119,8 @@ constexpr Table kTable;
 
 static_assert(std::ranges::all_of(kCatalogue, [](const Function& function) {
   const Row& row = kTable[function.operation];
-  return function.IsCalculus() ? row.radians == nullptr : row.radians != nullptr && row.rule == function.angle;
+  return function.IsCalculus() ? row.radians == nullptr
+                               : row.radians != nullptr && row.rule == function.angle;
 }));
 
 }  // namespace

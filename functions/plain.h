@@ -20,9 +20,9 @@ struct WholeRangeKernels {
   static double Pow(double base, double exponent) noexcept { return kernels::Pow(base, exponent); }
 };
 
-// One double. Where Trapped fails, a Plain is (or ends as) an infinity or a not-a-number; where Trapped succeeds, the
-// bits are the same. Arithmetic would forget an overflow in one place only, the division by an infinity: that gives a
-// not-a-number here. No branches, so that loops over formulas vectorise.
+// One double. Where Trapped fails, a Plain is (or ends as) an infinity or a not-a-number; where Trapped
+// succeeds, the bits are the same. Arithmetic would forget an overflow in one place only, the division by an
+// infinity: that gives a not-a-number here. No branches, so that loops over formulas vectorise.
 template <class Kernels>
 class Plain {
  public:
@@ -46,7 +46,9 @@ class Plain {
   friend Plain Cos(Plain x) noexcept { return Kernels::Cos(x.mValue); }
   friend Plain Tan(Plain x) noexcept { return Kernels::Tan(x.mValue); }
   friend Plain Atan(Plain x) noexcept { return Kernels::Atan(Finite(x)); }
-  friend Plain Pow(Plain base, Plain exponent) noexcept { return Kernels::Pow(Finite(base), Finite(exponent)); }
+  friend Plain Pow(Plain base, Plain exponent) noexcept {
+    return Kernels::Pow(Finite(base), Finite(exponent));
+  }
   friend Plain Floor(Plain x) noexcept { return kernels::Floor<typename Kernels::Tag>(x.mValue); }
   friend Plain Truncate(Plain x) noexcept { return kernels::Truncate<typename Kernels::Tag>(x.mValue); }
   friend Plain Abs(Plain x) noexcept { return kernels::Magnitude<typename Kernels::Tag>(x.mValue); }

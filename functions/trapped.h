@@ -11,8 +11,8 @@
 
 namespace plotvane::functions {
 
-// A finite number, or the error pair of the first step that failed. Arithmetic passes a failure on, so that a formula
-// is written as it reads and checked once at its end:
+// A finite number, or the error pair of the first step that failed. Arithmetic passes a failure on, so that a
+// formula is written as it reads and checked once at its end:
 //
 //   error 11  division by zero (0/0 too), 0 raised to a negative power
 //   error 5   root or logarithm outside its domain, negative base raised to a broken exponent
@@ -39,7 +39,9 @@ class [[nodiscard]] Trapped {
     return Ok() ? Trapped(function(mValue)) : *this;
   }
 
-  friend Trapped operator-(Trapped a) noexcept { return a.Map([](double x) { return -x; }); }
+  friend Trapped operator-(Trapped a) noexcept {
+    return a.Map([](double x) { return -x; });
+  }
   friend Trapped operator+(Trapped a, Trapped b) noexcept {
     return BothOk(a, b) ? Trapped(a.mValue + b.mValue) : FirstFailure(a, b);
   }

@@ -1,8 +1,8 @@
 // The functions of one real number, as one table for any kind of number.
 //
-// A maker turns each formula into what its user needs: the scalar table makes a trapped and a plain form, the columns a
-// loop. Angle conversions are part of the forms, so a maker sees one formula from the argument as written to the result
-// as shown.
+// A maker turns each formula into what its user needs: the scalar table makes a trapped and a plain form, the
+// columns a loop. Angle conversions are part of the forms, so a maker sees one formula from the argument as
+// written to the result as shown.
 #pragma once
 
 #include "functions/catalogue.h"
@@ -12,8 +12,9 @@ namespace plotvane::functions {
 
 // The formula with the angle conversion of its rule around it.
 //
-// Angles that come in are reduced by whole turns. Angles that go out pass, in radians, through the whole-turn reduction
-// of degrees: that asymmetry is the rule here, and harmless for the values that the inverse functions have.
+// Angles that come in are reduced by whole turns. Angles that go out pass, in radians, through the whole-turn
+// reduction of degrees: that asymmetry is the rule here, and harmless for the values that the inverse
+// functions have.
 template <AngleRule kRule, AngleMode kMode, auto kFormula>
 struct WithAngles {
   template <class Real>

@@ -1,7 +1,8 @@
 // Bit-level building blocks of the kernels: no branches, no library calls, only what vectorises with SSE2.
 //
-// Everything is a template over an unused tag, so that a file compiled for a wider instruction set can instantiate
-// its own copies (with a tag of its own unnamed namespace) and never shares code with the rest of the program.
+// Everything is a template over an unused tag, so that a file compiled for a wider instruction set can
+// instantiate its own copies (with a tag of its own unnamed namespace) and never shares code with the rest of
+// the program.
 #pragma once
 
 #include <bit>
@@ -17,7 +18,8 @@ inline constexpr std::uint64_t kSignBit = 0x8000000000000000U;
 inline constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 inline constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
-// 1.5 * 2^52: adding it rounds a number below 2^51 to a whole one, whose two's complement then stands in the low bits.
+// 1.5 * 2^52: adding it rounds a number below 2^51 to a whole one, whose two's complement then stands in the
+// low bits.
 inline constexpr double kRoundToWhole = 6755399441055744.0;
 inline constexpr double kTwo52 = 4503599627370496.0;
 
