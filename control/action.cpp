@@ -11,8 +11,7 @@ struct ActionRow {
   graph::PointerKind pointer;
 };
 
-constexpr ActionRow kNone{Action::None, "Left click on the graph to redraw using the current functions",
-                          graph::PointerKind::Arrow};
+constexpr ActionRow kNone{Action::None, graph::kRedrawHint, graph::PointerKind::Arrow};
 
 constexpr std::array<ActionRow, 4> kArmed{{
     {Action::zin, "Zoom In", graph::PointerKind::ZoomIn},

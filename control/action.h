@@ -1,21 +1,16 @@
 // Action: what a click on the plotting surface does, with the caption and the pointer of each.
 #pragma once
 
-#include <cstdint>
 #include <string_view>
 
 #include "graph/drawing_surface.h"
+#include "graph/graph_types.h"
 
 namespace plotvane::control {
 
-// Published to hosts; `None` begins with a capital letter and the others do not.
-enum class Action : std::int32_t {
-  None = 0,   // a click redraws
-  zin = 1,    // a click zooms in at the point
-  zout = 2,   // a click zooms out at the point
-  zbox = 3,   // a drag draws a zoom box
-  trace = 4,  // the mouse traces the current function
-};
+// None: a click redraws; zin, zout: a click zooms at the point, once; zbox: a drag draws a zoom box; trace:
+// the mouse traces the current function.
+using graph::Action;
 
 // What `txtSimple` shows while the action is current; any value outside the enumeration has the caption of
 // None.

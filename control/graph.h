@@ -20,25 +20,19 @@
 #include <string_view>
 #include <vector>
 
+#include "control/clsLineBox.h"
+#include "control/face.h"
+#include "control/face_frame.h"
 #include "control/geometry.h"
-#include "graph/drawing_surface.h"
-#include "graph/y_function.h"
+#include "control/gestures.h"
+#include "control/open_forms.h"
+#include "engine/clsExp.h"
+#include "graph/graph_engine.h"
 #include "platform/variable_table.h"
-
-namespace plotvane::engine {
-class clsExp;
-}
-namespace plotvane::graph {
-class GraphEngine;
-}
 
 namespace plotvane::control {
 
-class Face;
-class Gestures;
-
-// The eight numbers that are written as expression texts, in the order of the interface.
-enum class RangeText { ZX, ZY, XMin, XMax, YMin, YMax, XScl, YScl };
+using graph::RangeText;
 
 class Graph : public std::enable_shared_from_this<Graph> {
  public:
@@ -51,22 +45,23 @@ class Graph : public std::enable_shared_from_this<Graph> {
   ~Graph();
 
   // ---- Public fields: W to YSclStr are members of the engine ----
-  [[nodiscard]] graph::GraphEngine& Engine() noexcept;
-  // The surface that is drawn on; the control's own picture until a host replaces it. No surface: error 91.
-  [[nodiscard]] std::shared_ptr<graph::DrawingSurface> GetPIC() const noexcept;
+  [[nodiscard]] graph::GraphEngine& Engine() noexcept { return mEngine; }
+  // The surface that is drawn on: the control's own picture until a host replaces it. With none, drawing is
+  // error 91.
+  [[nodiscard]] std::shared_ptr<graph::DrawingSurface> GetPIC() const noexcept { return mEngine.PIC; }
   void SetPIC(std::shared_ptr<graph::DrawingSurface> surface);
 
   // ---- Properties ----
-  [[nodiscard]] bool GetDegreeMode();
-  void SetDegreeMode(bool degrees);
-  [[nodiscard]] bool GetToolBarVisible() const noexcept;
+  [[nodiscard]] bool GetDegreeMode() const noexcept;
+  void SetDegreeMode(bool degrees) noexcept;
+  [[nodiscard]] bool GetToolBarVisible() const noexcept { return mToolBarVisible; }
   void SetToolBarVisible(bool visible);
-  [[nodiscard]] std::shared_ptr<platform::VariableTable> GetVarTable();
+  [[nodiscard]] std::shared_ptr<platform::VariableTable> GetVarTable() const;
   void SetVarTable(std::shared_ptr<platform::VariableTable> table);
   [[nodiscard]] std::int16_t GetPenWidth();
   void SetPenWidth(std::int16_t width);
   [[nodiscard]] std::int16_t GetPlotPixelStep() const noexcept;
-  void SetPlotPixelStep(std::int16_t step);
+  void SetPlotPixelStep(std::int16_t step) noexcept;
   [[nodiscard]] std::string GetStringEval(RangeText which) const;
   void SetStringEval(RangeText which, std::string_view text);
 
@@ -92,7 +87,7 @@ class Graph : public std::enable_shared_from_this<Graph> {
   [[nodiscard]] std::int32_t GetGraphHDC();
   [[nodiscard]] std::int32_t GetGraphWidth();
   [[nodiscard]] std::int32_t GetGraphHeight();
-  [[nodiscard]] std::shared_ptr<graph::DrawingSurface> GetGraphPicture();
+  [[nodiscard]] std::shared_ptr<graph::DrawingSurface> GetGraphPicture() const noexcept;
 
   // ---- Event ----
   // Called at the end of every PlotAllY; an empty function lets go of the host.
@@ -103,17 +98,46 @@ class Graph : public std::enable_shared_from_this<Graph> {
   // as RedrawAxisOnResize and RedrawGridOnResize ask. Never throws a run-time error; shows its text.
   void Resize(PixelSize size);
   // What the user does.
-  [[nodiscard]] Gestures& Events() noexcept;
+  [[nodiscard]] Gestures& Events() noexcept { return mGestures; }
   // In a host's designer the control shows its axes and lets the user do nothing.
-  void SetDesignMode(bool designing) noexcept;
-  [[nodiscard]] bool IsDesignMode() const noexcept;
+  void SetDesignMode(bool designing) noexcept { mDesignMode = designing; }
+  [[nodiscard]] bool IsDesignMode() const noexcept { return mDesignMode; }
 
  private:
-  friend class Gestures;
-  struct Parts;
-  explicit Graph(std::shared_ptr<Face> face);
+  struct Passkey {};
 
-  std::unique_ptr<Parts> mParts;
+ public:
+  Graph(Passkey, std::shared_ptr<Face> face);  // for Create
+  Graph(const Graph&) = delete;
+  Graph& operator=(const Graph&) = delete;
+
+  // ---- For the other classes of this folder ----
+  [[nodiscard]] Face& GetFace() noexcept { return *mFace; }
+  [[nodiscard]] engine::clsExp& Expression() noexcept { return mExpression; }
+  [[nodiscard]] clsLineBox& ZoomBox() noexcept { return mZoomBox; }
+
+ private:
+  void Initialise();
+  // A member of the host that needs the surface: keeps the control alive meanwhile.
+  void Call(const std::function<void()>& operation);
+  [[nodiscard]] std::shared_ptr<graph::DrawingSurface> RequirePIC() const;
+  // The first resize, when none came from a window: it takes the surface as it is.
+  void NeedSurface();
+  void LayOutFace();
+  void TakeSurface();
+  void RedrawAfterResize();
+
+  std::shared_ptr<OpenForms> mForms;
+  std::shared_ptr<Face> mFace;
+  clsLineBox mZoomBox;
+  FaceFrame mFrame;
+  engine::clsExp mExpression;
+  graph::GraphEngine mEngine;
+  Gestures mGestures;
+  PixelSize mSize;  // of the control; empty without a window
+  bool mSurfaceTaken = false;
+  bool mToolBarVisible = true;
+  bool mDesignMode = false;
 };
 
 }  // namespace plotvane::control

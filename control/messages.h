@@ -4,9 +4,11 @@
 #include <string>
 #include <string_view>
 
+#include "graph/graph_types.h"
+
 namespace plotvane::control {
 
-enum class MessageIcon { None, Exclamation, Error };
+using graph::MessageIcon;
 
 // The title of a message box whose contents name none.
 inline constexpr std::string_view kDefaultTitle = "Plotvane";

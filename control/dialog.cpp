@@ -1,0 +1,21 @@
+#include "control/dialog.h"
+
+#include <utility>
+
+namespace plotvane::control {
+
+void Dialog::Open(const std::shared_ptr<Graph>& graph, std::shared_ptr<DialogView> view) {
+  mGraph = graph;
+  mView = std::move(view);
+  mForms = OpenForms::OfThisThread();
+  mForms->Add(shared_from_this());
+}
+
+void Dialog::Unload() {
+  const auto keep = shared_from_this();
+  mGraph.reset();
+  if (const auto view = std::exchange(mView, nullptr)) view->Close();
+  if (const auto forms = std::exchange(mForms, nullptr)) forms->Remove(*this);
+}
+
+}  // namespace plotvane::control
