@@ -10,9 +10,9 @@
 
 namespace plotvane::graph {
 
-// A pass may be overtaken: the host plots again from inside a callback. The newer pass then runs to its end, and
-// the older one draws no more: its canvas is no longer live and swallows what is drawn on it. The canvas keeps the
-// surface alive, since the host may replace it meanwhile.
+// A pass may be overtaken: the host plots again from inside a callback. The newer pass then runs to its end,
+// and the older one draws no more: its canvas is no longer live and swallows what is drawn on it. The canvas
+// keeps the surface alive, since the host may replace it meanwhile.
 class Canvas {
  public:
   // `newestPass` counts the passes begun so far and outlives the canvas. Error 91 without a surface.

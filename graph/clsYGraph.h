@@ -11,11 +11,11 @@ namespace plotvane::graph {
 
 class clsYGraph : public YFunction {
  public:
-  std::string Equation;          // the expression in x
-  bool Enabled = false;          // plot this function
-  std::int32_t DrawStyle = 0;    // kept with the function; the drawing does not use it
-  std::int32_t DrawColor = 0;    // colour of its points and lines
-  bool QuickRedraw = false;      // the path is valid and may be replayed
+  std::string Equation;        // the expression in x
+  bool Enabled = false;        // plot this function
+  std::int32_t DrawStyle = 0;  // kept with the function; the drawing does not use it
+  std::int32_t DrawColor = 0;  // colour of its points and lines
+  bool QuickRedraw = false;    // the path is valid and may be replayed
 
   // Walking along the path and changing it; see graph/path_cache.h.
   bool NextPixel() noexcept { return mPath.NextPixel(); }
@@ -32,9 +32,9 @@ class clsYGraph : public YFunction {
   void SaveXYPathThenNext(std::int16_t varX, std::int16_t varY) { mPath.SaveXYPathThenNext(varX, varY); }
   [[nodiscard]] std::int16_t NumberOfPixels() const noexcept { return mPath.NumberOfPixels(); }
 
-  // One record of the four fields Equation, Enabled, DrawStyle, DrawColor in the open text file of that number;
-  // errors as in platform/record_file.h. A failed read changes nothing. Neither these nor CopyData carry
-  // QuickRedraw or the path: such a function has to be evaluated afresh.
+  // One record of the four fields Equation, Enabled, DrawStyle, DrawColor in the open text file of that
+  // number; errors as in platform/record_file.h. A failed read changes nothing. Neither these nor CopyData
+  // carry QuickRedraw or the path: such a function has to be evaluated afresh.
   void SaveDataToOpenFile(std::int16_t file) const;
   void LoadDataFromOpenFile(std::int16_t file);
 

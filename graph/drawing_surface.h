@@ -26,9 +26,9 @@ enum class PointerKind : std::int16_t {
 // system colours.
 using Colour = std::int32_t;
 
-// Implemented by the portable raster surface, the GDI surface and the adapter over an object that a host assigned
-// to `PIC`. Drawing is clipped to the surface. A host's object may raise errors of its own: they come as
-// platform::RunTimeError from any member.
+// Implemented by the portable raster surface, the GDI surface and the adapter over an object that a host
+// assigned to `PIC`. Drawing is clipped to the surface. A host's object may raise errors of its own: they
+// come as platform::RunTimeError from any member.
 class DrawingSurface {
  public:
   virtual ~DrawingSurface() = default;
@@ -42,7 +42,8 @@ class DrawingSurface {
   virtual void SetPixel(PixelPoint point, Colour colour) = 0;
   virtual void SetPixel(PixelPoint point) = 0;  // in the surface's foreground colour
 
-  // With a pen of width 1 a one-pixel line whose last pixel is left out, with a wider pen a round-capped stroke.
+  // With a pen of width 1 a one-pixel line whose last pixel is left out, with a wider pen a round-capped
+  // stroke.
   virtual void Line(PixelPoint from, PixelPoint to, Colour colour) = 0;
   virtual void Line(PixelPoint from, PixelPoint to) = 0;  // in the surface's foreground colour
 

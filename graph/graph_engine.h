@@ -7,21 +7,23 @@
 //   graph.PrepareGraph();
 //   graph.SetYArray({function});          // draws at once
 //
-// Failures are platform::RunTimeError; what was assigned before the failure keeps its new value. Every operation
-// that evaluates, draws or reports runs code of the host (functions, variable table, surface, frame), and that code
-// may call any operation of the same object. It must not destroy the object: the control around it keeps itself
-// alive while one of its members runs.
+// Failures are platform::RunTimeError; what was assigned before the failure keeps its new value. Every
+// operation that evaluates, draws or reports runs code of the host (functions, variable table, surface,
+// frame), and that code may call any operation of the same object. It must not destroy the object: the
+// control around it keeps itself alive while one of its members runs.
 #pragma once
 
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "engine/clsExp.h"
 #include "graph/graph_frame.h"
 #include "graph/plotter.h"
+#include "graph/tracer.h"
 #include "graph/window_model.h"
 #include "graph/y_function.h"
 
@@ -34,7 +36,8 @@ enum class RangeText { ZX, ZY, XMin, XMax, YMin, YMax, XScl, YScl };
 // graph/window_model.h.
 class GraphEngine : public WindowModel {
  public:
-  // Both outlive the graph. The error object's GraphMode is switched on: errors at single points are tolerated.
+  // Both outlive the graph. The error object's GraphMode is switched on: errors at single points are
+  // tolerated.
   GraphEngine(engine::clsExp& expression, GraphFrame& frame);
   GraphEngine(const GraphEngine&) = delete;
   GraphEngine& operator=(const GraphEngine&) = delete;
@@ -47,8 +50,9 @@ class GraphEngine : public WindowModel {
   // Computes the pixel sizes; an empty side is reported by a message box. See WindowModel::ComputePixelSizes.
   void PrepareGraph();
 
-  // The properties ZXStringEval … YSclStringEval. A written text is kept, and evaluated into its number; when it
-  // gives no number, the number stays. No redraw, no PrepareGraph. Error 6 for a zoom factor beyond 32-bit floats.
+  // The properties ZXStringEval … YSclStringEval. A written text is kept, and evaluated into its number; when
+  // it gives no number, the number stays. No redraw, no PrepareGraph. Error 6 for a zoom factor beyond 32-bit
+  // floats.
   [[nodiscard]] const std::string& StringEval(RangeText which) const;
   void SetStringEval(RangeText which, std::string_view text);
 
@@ -66,7 +70,8 @@ class GraphEngine : public WindowModel {
   [[nodiscard]] std::int16_t GetPenWidth();
   void SetPenWidth(std::int16_t width);
 
-  // Functions 1 to N; none may be null (424), more than 32,767 are error 6. The objects are shared, not copied.
+  // Functions 1 to N; none may be null (424), more than 32,767 are error 6. The objects are shared, not
+  // copied.
   void SetYArray(std::vector<std::shared_ptr<YFunction>> functions, bool redrawGraph = true);
   [[nodiscard]] std::int16_t FunctionCount() const noexcept { return mPlotter.FunctionCount(); }
   // n from 1; error 9 outside 1 to the count.
@@ -117,27 +122,32 @@ class GraphEngine : public WindowModel {
   // --- Evaluation at a point, choice of the function, trace ---
 
   // The current equation at x = CurrentX into CurrentY; false leaves CurrentY alone. `x` is given back.
-  [[nodiscard]] bool EvaluateCurrentFunctionAt();
-  [[nodiscard]] bool EvaluateAtPixelColumn(float x);
+  [[nodiscard]] bool EvaluateCurrentFunctionAt() { return mTracer.EvaluateCurrentFunctionAt(); }
+  [[nodiscard]] bool EvaluateAtPixelColumn(float x) { return mTracer.EvaluateAtPixelColumn(x); }
 
   // The function whose number stands in `txtUserCurY` becomes current; the first quietly, the second with
   // messages. True when there is one and it has an equation.
-  bool SelectFunctionFromUserBox();
-  bool ValidateFunctionFromUserBox();
+  bool SelectFunctionFromUserBox() { return mTracer.SelectFunctionFromUserBox(); }
+  bool ValidateFunctionFromUserBox() { return mTracer.ValidateFunctionFromUserBox(); }
 
-  // The mouse moved, or clicked, at that column in trace mode.
-  void TraceAtPixel(float x);
+  // The mouse moved, or clicked, at that column in trace mode. The click hides the marker in every case.
+  void TraceAtPixel(float x) { mTracer.TraceAtPixel(x); }
   void TraceClickAtPixel(float x);
-  void MoveTraceMarker(PixelPoint centre);
+  void MoveTraceMarker(PixelPoint centre) { mTracer.MoveTraceMarker(centre); }
 
   // Re-centres on the current point, redraws, puts the point back and shows "Evaluate Y", the number of the
   // function and the readout in `txtSimple`: the end of a trace click and of an evaluation at a typed x.
   void ShowEvaluatedPoint();
 
  private:
+  using RangeNumber = std::variant<double GraphFields::*, float GraphFields::*>;
+  void EvaluateRangeText(const std::string& text, RangeNumber target);
+  void GoToPixel(float x, float y);
+
   engine::clsExp& mExpression;
   GraphFrame& mFrame;
   Plotter mPlotter;
+  Tracer mTracer;
 };
 
 }  // namespace plotvane::graph

@@ -9,8 +9,9 @@
 
 namespace plotvane::graph {
 
-// Implemented by the control around the graph, and by programs without a window. Any member may call back into the
-// graph (a message box runs the host's message loop, `PlotDone` runs the host's code); the graph expects that.
+// Implemented by the control around the graph, and by programs without a window. Any member may call back
+// into the graph (a message box runs the host's message loop, `PlotDone` runs the host's code); the graph
+// expects that.
 class GraphFrame {
  public:
   virtual ~GraphFrame() = default;

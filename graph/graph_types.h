@@ -6,12 +6,12 @@
 
 namespace plotvane::graph {
 
-// Style of the coordinate readout. The field `GCStyle` holds any 32-bit number a host writes; an odd one reads as
-// rectangular, an even one as polar.
+// Style of the coordinate readout. The field `GCStyle` holds any 32-bit number a host writes; an odd one
+// reads as rectangular, an even one as polar.
 enum GraphCoordStyle : std::int32_t { RECTGC = 1, POLARGC = 2 };
 
-// How points are drawn. The field `PlotStyle` holds any 32-bit number a host writes; DRAWLINE joins the points,
-// every other number sets single pixels.
+// How points are drawn. The field `PlotStyle` holds any 32-bit number a host writes; DRAWLINE joins the
+// points, every other number sets single pixels.
 enum DrawType : std::int32_t { DRAWDOT = 1, DRAWLINE = 2 };
 
 // What a click on the surface does.
@@ -35,6 +35,7 @@ struct PixelExtent {
 enum class MessageIcon { None, Error, Exclamation };
 
 // Shown in `txtSimple` while no mouse action is armed.
-inline constexpr std::string_view kRedrawHint = "Left click on the graph to redraw using the current functions";
+inline constexpr std::string_view kRedrawHint =
+    "Left click on the graph to redraw using the current functions";
 
 }  // namespace plotvane::graph

@@ -3,8 +3,8 @@
 //   px = round((x - Xmin) / XPixelSize - 1)        x = (px + 1) * XPixelSize + Xmin
 //   py = round(SurfaceHeight - (y - Ymin) / YPixelSize)   y = (SurfaceHeight - py) * YPixelSize + Ymin
 //
-// The offset of one pixel on the x axis, and none on the y axis, is deliberate: column -1 is the left edge Xmin,
-// row SurfaceHeight the bottom edge Ymin. Pixel positions grow rightwards and downwards.
+// The offset of one pixel on the x axis, and none on the y axis, is deliberate: column -1 is the left edge
+// Xmin, row SurfaceHeight the bottom edge Ymin. Pixel positions grow rightwards and downwards.
 #pragma once
 
 #include <cstdint>
@@ -39,21 +39,21 @@ struct PixelMapping {
 // A mouse position to whole pixels, halves to even; error 6 outside 16 bits.
 [[nodiscard]] PixelPoint RoundToPixel(float x, float y);
 
-// How many points a plot evaluates: floor((surfaceWidth - 1) / step + 1), of which a step above the width leaves
-// one. `step` is at least 1.
+// How many points a plot evaluates: floor((surfaceWidth - 1) / step + 1), of which a step above the width
+// leaves one. `step` is at least 1.
 [[nodiscard]] std::int16_t PlotPointCount(std::int16_t surfaceWidth, std::int16_t step);
 
-// x of plot point number k + 1 (k from 1): (k + 1) * step pixels right of the left edge. Since the first point lies
-// on the edge itself, one step is passed over: with step 1 column 0 is never evaluated. This is deliberate. The
-// number of pixels is a 16-bit product (error 6 beyond).
+// x of plot point number k + 1 (k from 1): (k + 1) * step pixels right of the left edge. Since the first
+// point lies on the edge itself, one step is passed over: with step 1 column 0 is never evaluated. This is
+// deliberate. The number of pixels is a 16-bit product (error 6 beyond).
 [[nodiscard]] double NextPlotX(const PixelMapping& mapping, std::int16_t k, std::int16_t step);
 
-// The multiple of `unit` that is nearest to `value`, halves upwards: floor(value / unit + 0.5) * unit. Error 11
-// for a unit of zero.
+// The multiple of `unit` that is nearest to `value`, halves upwards: floor(value / unit + 0.5) * unit. Error
+// 11 for a unit of zero.
 [[nodiscard]] double RoundToMultiple(double value, double unit);
 
-// The multiple of `unit` next to `value` on the side of zero: Fix(value / unit) * unit. Error 11 for a unit of
-// zero.
+// The multiple of `unit` next to `value` on the side of zero: Fix(value / unit) * unit. Error 11 for a unit
+// of zero.
 [[nodiscard]] double TruncateToMultiple(double value, double unit);
 
 }  // namespace plotvane::graph

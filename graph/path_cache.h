@@ -31,10 +31,12 @@ class PathCache {
 
   void SetPixelToFirst() noexcept { mIndex = 1; }
 
-  // Makes room for that many points, all (0, 0) and not bad, and goes to the first. Error 9 for a negative number.
+  // Makes room for that many points, all (0, 0) and not bad, and goes to the first. Error 9 for a negative
+  // number.
   void Redimension(std::int16_t numOfPixels);
 
-  // Stores a defined point at the current position, then moves on by one, without wrapping and without a test.
+  // Stores a defined point at the current position, then moves on by one, without wrapping and without a
+  // test.
   void SaveXYPathThenNext(std::int16_t x, std::int16_t y);
 
   [[nodiscard]] std::int16_t NumberOfPixels() const noexcept {

@@ -43,13 +43,13 @@ class Plotter {
   [[nodiscard]] CurrentFunction& Current() noexcept { return mCurrent; }
   [[nodiscard]] const CurrentFunction& Current() const noexcept { return mCurrent; }
 
-  // Clears the surface, draws axes and grid, then every enabled function; raises PlotDone. `x` and the pointer are
-  // given back also after an error, which leaves RedrawAll as it was and raises no PlotDone. Overtaken by a nested
-  // PlotAllY it draws no more. Error 28 when PlotAllY calls are nested too deeply.
+  // Clears the surface, draws axes and grid, then every enabled function; raises PlotDone. `x` and the
+  // pointer are given back also after an error, which leaves RedrawAll as it was and raises no PlotDone.
+  // Overtaken by a nested PlotAllY it draws no more. Error 28 when PlotAllY calls are nested too deeply.
   void PlotAllY();
 
-  // The per-point loop of the current function over the current pre-parsed expression. Error 91 without a current
-  // function, 9 when the functions became fewer.
+  // The per-point loop of the current function over the current pre-parsed expression. Error 91 without a
+  // current function, 9 when the functions became fewer.
   void EvaluateAndPlotEachPoint();
 
   // Draws the current point.
@@ -62,15 +62,16 @@ class Plotter {
   void DrawEverything(const Canvas& canvas);
   void PlotEnabledFunctions(const Canvas& canvas);
   void MakeCurrent(std::int16_t index, YFunction& function);
-  void PlotOrReplay(const Canvas& canvas, const std::shared_ptr<YFunction>& function);
+  void PlotOrReplay(const Canvas& canvas, YFunction& function);
   void PlotOneFunction(const Canvas& canvas, YFunction& function);
   void PlotEachPoint(const Canvas& canvas, YFunction& function);
   void ReplayCachedPath(const Canvas& canvas, YFunction& function);
   void DrawCurrentPoint(const Canvas& canvas);
   void ShowPlottingText();
   void StoreX();
-  [[nodiscard]] bool Record();
+  bool Record();
   [[nodiscard]] bool EvaluateAtCurrentX();
+  [[nodiscard]] bool EvaluateRecording(platform::Value& value);
 
   WindowModel& mWindow;
   engine::clsExp& mExpression;
@@ -80,7 +81,8 @@ class Plotter {
   std::int16_t mPixelStep = 1;
   std::uint32_t mNewestPass = 0;  // counts calls of PlotAllY
   std::int32_t mNesting = 0;      // PlotAllY calls in progress
-  // The equation whose recording ended in a tolerated error; it is recorded again at each point until that succeeds.
+  // The equation whose recording ended in a tolerated error; it is recorded again at each point until that
+  // succeeds.
   std::optional<std::string> mUnfinished;
 };
 

@@ -16,9 +16,9 @@ namespace plotvane::graph {
 struct GraphFields {
   std::shared_ptr<DrawingSurface> PIC;  // the plotting surface; replaceable
 
-  // Width and height of the rectangle in real units. They are kept apart from the edges: zooms set them, and only
-  // the range status recomputes them from the edges. A host that writes the edges and zooms at once zooms from the
-  // old size; this is deliberate.
+  // Width and height of the rectangle in real units. They are kept apart from the edges: zooms set them, and
+  // only the range status recomputes them from the edges. A host that writes the edges and zooms at once
+  // zooms from the old size; this is deliberate.
   double W = 20;
   double H = 20;
   double W_2 = 0;  // halves of W and H, set by MoveRangeToPointXY
@@ -77,9 +77,9 @@ struct WindowModel : GraphFields {
   void CurrentPointToPixel() { CurrentPixel = RealToPixel(Mapping(), CurrentPoint()); }
   void CurrentPixelToPoint() { SetCurrentPoint(PixelToReal(Mapping(), CurrentPixel)); }
 
-  // Computes the pixel sizes from the edges and sets RedrawAll. When a side is empty neither size is stored, not
-  // even that of the other side: the earlier ones stay in force, deliberately. Error 11 for a surface without
-  // width or height, error 6 for a range that is too large; nothing changes then.
+  // Computes the pixel sizes from the edges and sets RedrawAll. When a side is empty neither size is stored,
+  // not even that of the other side: the earlier ones stay in force, deliberately. Error 11 for a surface
+  // without width or height, error 6 for a range that is too large; nothing changes then.
   EmptySides ComputePixelSizes();
 };
 

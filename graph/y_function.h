@@ -8,8 +8,8 @@ namespace plotvane::graph {
 
 class PathCache;
 
-// Implemented by clsYGraph, and by the adapter over a host's automation object. A host's object may raise errors
-// of its own: they come as platform::RunTimeError from any member.
+// Implemented by clsYGraph, and by the adapter over a host's automation object. A host's object may raise
+// errors of its own: they come as platform::RunTimeError from any member.
 class YFunction {
  public:
   virtual ~YFunction() = default;

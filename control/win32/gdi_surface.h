@@ -5,19 +5,23 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
+#include <type_traits>
+#include <utility>
 
 #include "graph/drawing_surface.h"
 
 namespace plotvane::control::win32 {
 
-// Everything is drawn into a 32-bit bitmap in memory, and the window paints itself from it, so that the drawing
-// survives being covered. Owns the bitmap and its device context, never the window.
+// Everything is drawn into a 32-bit bitmap in memory, and the window paints itself from it, so that the
+// drawing survives being covered. Owns the bitmap and its device context, never the window.
 class GdiSurface : public graph::DrawingSurface {
  public:
   // Shows pointer `kind` over the surface's window.
   using PointerHandler = std::function<void(graph::PointerKind)>;
 
-  // Size in pixels, each at least 0; a side of 0 keeps a bitmap of one pixel. Error 7 when there is no memory.
+  // Size in pixels, each at least 0; a side of 0 keeps a bitmap of one pixel. Error 7 when there is no
+  // memory.
   GdiSurface(std::int32_t width, std::int32_t height);
   ~GdiSurface() override;
   GdiSurface(const GdiSurface&) = delete;
@@ -27,15 +31,15 @@ class GdiSurface : public graph::DrawingSurface {
   void SetWindow(HWND window) noexcept { mWindow = window; }
   void SetPointerHandler(PointerHandler handler) { mPointerHandler = std::move(handler); }
 
-  // A new size keeps the old drawing at the top left and shows the background elsewhere. Error 7 when there is no
-  // memory; the surface stays as it was.
+  // A new size keeps the old drawing at the top left and shows the background elsewhere. Error 7 when there
+  // is no memory; the surface stays as it was.
   void Resize(std::int32_t width, std::int32_t height);
 
   // Copies the part `area` (in pixels) to the same place of a window's device context: the window's WM_PAINT.
-  void Paint(HDC target, const RECT& area) const noexcept;
+  void Paint(HDC target, const RECT& area) noexcept;
 
-  [[nodiscard]] HDC Context() const noexcept { return mContext; }
-  [[nodiscard]] HBITMAP Bitmap() const noexcept { return mBitmap; }
+  [[nodiscard]] HDC Context() const noexcept { return mContext.get(); }
+  [[nodiscard]] HBITMAP Bitmap() const noexcept { return mBitmap.get(); }
 
   // graph::DrawingSurface
   void Clear() override;
@@ -48,26 +52,42 @@ class GdiSurface : public graph::DrawingSurface {
   [[nodiscard]] double ScaleWidth() override { return mWidth; }
   [[nodiscard]] double ScaleHeight() override { return mHeight; }
   [[nodiscard]] std::int16_t GetPenWidth() override { return mPenWidth; }
-  void SetPenWidth(std::int16_t width) override;
+  void SetPenWidth(std::int16_t width) override { mPenWidth = width; }
   void SetPointer(graph::PointerKind kind) override;
   // The handle's low 32 bits: handles of a 64-bit system fit them.
   [[nodiscard]] std::int32_t DeviceContext() override;
 
  private:
+  struct DeleteBitmapOrPen {
+    void operator()(HGDIOBJ object) const noexcept { ::DeleteObject(object); }
+  };
+  struct DeleteContext {
+    void operator()(HDC context) const noexcept { ::DeleteDC(context); }
+  };
+  using OwnedBitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, DeleteBitmapOrPen>;
+  using Pen = std::unique_ptr<std::remove_pointer_t<HPEN>, DeleteBitmapOrPen>;
+  using MemoryContext = std::unique_ptr<std::remove_pointer_t<HDC>, DeleteContext>;
+
+  void FillBackground(std::int32_t width, std::int32_t height) noexcept;
+  void DrawPixel(graph::PixelPoint point, COLORREF colour);
+  void DrawLine(graph::PixelPoint from, graph::PixelPoint to, COLORREF colour);
+  void DrawDisc(graph::PixelPoint centre, COLORREF colour) noexcept;
   void SelectPen(COLORREF colour);
   void Invalidate() noexcept;
 
-  HDC mContext = nullptr;
-  HBITMAP mBitmap = nullptr;
+  // In the order of making; the context lets go of bitmap and pen before they are destroyed.
+  OwnedBitmap mBitmap;
+  Pen mWidePen;
+  COLORREF mWidePenColour = 0;
+  std::int16_t mWidePenWidth = 0;
+  MemoryContext mContext;
   HGDIOBJ mFirstBitmap = nullptr;  // what the context held when it was made
-  HPEN mPen = nullptr;
   HGDIOBJ mFirstPen = nullptr;
-  COLORREF mPenColour = 0;
-  std::uint32_t* mPixels = nullptr;  // top-down rows of the bitmap, owned by it
   std::int32_t mWidth = 0;
   std::int32_t mHeight = 0;
   std::int16_t mPenWidth = 1;
   HWND mWindow = nullptr;
+  bool mShownLater = false;  // the window was asked to repaint itself and has not done so yet
   PointerHandler mPointerHandler;
 };
 

@@ -1,0 +1,179 @@
+#include "control/win32/gdi_surface.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/runtime_error.h"
+
+namespace plotvane::control::win32 {
+
+namespace {
+
+// The system's own colours stand behind negative numbers: bit 31 and their index.
+COLORREF PlainColour(graph::Colour colour) noexcept {
+  const auto bits = static_cast<std::uint32_t>(colour);
+  if (colour >= 0) return bits & 0xFFFFFFu;
+  return ::GetSysColor(static_cast<int>(bits & 0xFFu));
+}
+
+[[noreturn]] void ThrowOutOfMemory() {
+  throw platform::RunTimeError(platform::StandardError::OutOfMemory);
+}
+
+// A 32-bit bitmap whose rows run from the top; null when there is no memory.
+HBITMAP CreatePixels(std::int32_t width, std::int32_t height) noexcept {
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof(info.bmiHeader);
+  info.bmiHeader.biWidth = std::max(width, 1);
+  info.bmiHeader.biHeight = -std::max(height, 1);
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  info.bmiHeader.biCompression = BI_RGB;
+  void* pixels = nullptr;
+  return ::CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0);
+}
+
+}  // namespace
+
+GdiSurface::GdiSurface(std::int32_t width, std::int32_t height) : mContext(::CreateCompatibleDC(nullptr)) {
+  if (!mContext) ThrowOutOfMemory();
+  mFirstBitmap = ::GetCurrentObject(mContext.get(), OBJ_BITMAP);
+  mFirstPen = ::GetCurrentObject(mContext.get(), OBJ_PEN);
+  Resize(width, height);
+}
+
+// A bitmap or pen is destroyed only when no context holds it.
+GdiSurface::~GdiSurface() {
+  ::SelectObject(mContext.get(), mFirstPen);
+  ::SelectObject(mContext.get(), mFirstBitmap);
+}
+
+void GdiSurface::Resize(std::int32_t width, std::int32_t height) {
+  OwnedBitmap bitmap(CreatePixels(width, height));
+  if (!bitmap) ThrowOutOfMemory();
+  const MemoryContext old(::CreateCompatibleDC(nullptr));
+  if (!old) ThrowOutOfMemory();
+
+  ::SelectObject(mContext.get(), bitmap.get());
+  FillBackground(width, height);
+  if (mBitmap) {
+    const HGDIOBJ first = ::SelectObject(old.get(), mBitmap.get());
+    ::BitBlt(mContext.get(), 0, 0, std::min(width, mWidth), std::min(height, mHeight), old.get(), 0, 0,
+             SRCCOPY);
+    ::SelectObject(old.get(), first);
+  }
+  mBitmap = std::move(bitmap);
+  mWidth = width;
+  mHeight = height;
+}
+
+void GdiSurface::FillBackground(std::int32_t width, std::int32_t height) noexcept {
+  const RECT all{0, 0, width, height};
+  ::FillRect(mContext.get(), &all, ::GetSysColorBrush(COLOR_WINDOW));
+}
+
+void GdiSurface::Paint(HDC target, const RECT& area) noexcept {
+  mShownLater = false;
+  ::BitBlt(target, area.left, area.top, area.right - area.left, area.bottom - area.top, mContext.get(),
+           area.left, area.top, SRCCOPY);
+}
+
+void GdiSurface::Clear() {
+  FillBackground(mWidth, mHeight);
+  Invalidate();
+}
+
+// The memory bitmap is persistent at all times.
+void GdiSurface::SetPersistentDrawing(bool) {}
+
+void GdiSurface::SetPixel(graph::PixelPoint point, graph::Colour colour) {
+  DrawPixel(point, PlainColour(colour));
+}
+
+void GdiSurface::SetPixel(graph::PixelPoint point) {
+  DrawPixel(point, ::GetSysColor(COLOR_WINDOWTEXT));
+}
+
+void GdiSurface::Line(graph::PixelPoint from, graph::PixelPoint to, graph::Colour colour) {
+  DrawLine(from, to, PlainColour(colour));
+}
+
+void GdiSurface::Line(graph::PixelPoint from, graph::PixelPoint to) {
+  DrawLine(from, to, ::GetSysColor(COLOR_WINDOWTEXT));
+}
+
+void GdiSurface::DrawPixel(graph::PixelPoint point, COLORREF colour) {
+  if (mPenWidth > 1) {
+    DrawDisc(point, colour);
+  } else {
+    ::SetPixelV(mContext.get(), point.x, point.y, colour);
+  }
+  Invalidate();
+}
+
+// A stroke of no length is its round cap; not every version of the system draws one by itself.
+void GdiSurface::DrawLine(graph::PixelPoint from, graph::PixelPoint to, COLORREF colour) {
+  if (mPenWidth > 1 && from == to) {
+    DrawDisc(from, colour);
+  } else {
+    SelectPen(colour);
+    ::MoveToEx(mContext.get(), from.x, from.y, nullptr);
+    ::LineTo(mContext.get(), to.x, to.y);
+  }
+  Invalidate();
+}
+
+void GdiSurface::DrawDisc(graph::PixelPoint centre, COLORREF colour) noexcept {
+  const int left = centre.x - mPenWidth / 2;
+  const int top = centre.y - mPenWidth / 2;
+  ::SelectObject(mContext.get(), ::GetStockObject(DC_PEN));
+  ::SetDCPenColor(mContext.get(), colour);
+  ::SetDCBrushColor(mContext.get(), colour);
+  const HGDIOBJ brush = ::SelectObject(mContext.get(), ::GetStockObject(DC_BRUSH));
+  ::Ellipse(mContext.get(), left, top, left + mPenWidth, top + mPenWidth);
+  ::SelectObject(mContext.get(), brush);
+}
+
+// One-pixel lines use the context's own pen, of which only the colour changes; a wide pen is made anew for
+// each width and colour.
+void GdiSurface::SelectPen(COLORREF colour) {
+  if (mPenWidth <= 1) {
+    ::SelectObject(mContext.get(), ::GetStockObject(DC_PEN));
+    ::SetDCPenColor(mContext.get(), colour);
+    return;
+  }
+  if (!mWidePen || mWidePenColour != colour || mWidePenWidth != mPenWidth) {
+    Pen pen(::CreatePen(PS_SOLID, mPenWidth, colour));
+    if (!pen) ThrowOutOfMemory();
+    ::SelectObject(mContext.get(), mFirstPen);  // a selected pen is never destroyed
+    mWidePen = std::move(pen);
+    mWidePenColour = colour;
+    mWidePenWidth = mPenWidth;
+  }
+  ::SelectObject(mContext.get(), mWidePen.get());
+}
+
+// Asks once for a repaint, which takes in all that is drawn until it happens.
+void GdiSurface::Invalidate() noexcept {
+  if (!mWindow || mShownLater) return;
+  mShownLater = true;
+  ::InvalidateRect(mWindow, nullptr, FALSE);
+}
+
+void GdiSurface::Refresh() {
+  if (!mWindow) return;
+  ::GdiFlush();
+  ::InvalidateRect(mWindow, nullptr, FALSE);
+  ::UpdateWindow(mWindow);
+}
+
+void GdiSurface::SetPointer(graph::PointerKind kind) {
+  if (mPointerHandler) mPointerHandler(kind);
+}
+
+std::int32_t GdiSurface::DeviceContext() {
+  const auto handle = reinterpret_cast<std::uintptr_t>(mContext.get());
+  return static_cast<std::int32_t>(static_cast<std::uint32_t>(handle));
+}
+
+}  // namespace plotvane::control::win32
