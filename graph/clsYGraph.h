@@ -33,7 +33,7 @@ class clsYGraph : public YFunction {
   [[nodiscard]] std::int16_t NumberOfPixels() const noexcept { return mPath.NumberOfPixels(); }
 
   // One record of the four fields Equation, Enabled, DrawStyle, DrawColor in the open text file of that
-  // number; errors as in platform/record_file.h. A failed read changes nothing. Neither these nor CopyData
+  // number; errors as in platform/open_files.h, 13 for a field of the wrong kind. A failed read changes nothing. Neither these nor CopyData
   // carry QuickRedraw or the path: such a function has to be evaluated afresh.
   void SaveDataToOpenFile(std::int16_t file) const;
   void LoadDataFromOpenFile(std::int16_t file);

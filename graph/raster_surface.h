@@ -11,7 +11,7 @@
 namespace plotvane::graph {
 
 // White, drawn on in black where no colour is given. With a pen of one pixel its pixels are those of the
-// platform's own surface; with wider pens a few pixels along the edge of a stroke may differ
+// platform's own surface; with wider pens some of those within two pixels of a stroke's edge may differ
 // (graph/stroke.h). A side may be 0: drawing then has no effect.
 class RasterSurface : public DrawingSurface {
  public:
