@@ -99,14 +99,15 @@ void CompareStroke(std::int16_t pen, PixelPoint from, PixelPoint to) {
 
 TEST(SurfaceComparison, wide_pens_differ_only_along_the_edge_of_a_stroke) {
   std::mt19937 bits(7);
-  const auto number = [&](std::int32_t most) {
-    return static_cast<std::int16_t>(bits() % static_cast<unsigned>(most));
+  constexpr std::uint32_t kMargin = 20;  // whole strokes, with their edges, lie inside
+  const auto anyPoint = [&] {
+    const auto x = static_cast<std::int16_t>(kMargin + bits() % (kWidth - 2 * kMargin));
+    return PixelPoint{x, static_cast<std::int16_t>(kMargin + bits() % (kHeight - 2 * kMargin))};
   };
   for (std::int16_t pen = 2; pen <= 30; ++pen) {
     for (int i = 0; i < 4; ++i) {
-      const PixelPoint from{number(kWidth), number(kHeight)};
-      const PixelPoint to{number(kWidth), number(kHeight)};
-      CompareStroke(pen, from, to);
+      const PixelPoint from = anyPoint();
+      CompareStroke(pen, from, anyPoint());
     }
     CompareStroke(pen, {100, 70}, {100, 70});
     CompareStroke(pen, {50, 70}, {150, 70});
