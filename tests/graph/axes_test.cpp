@@ -182,7 +182,7 @@ TEST(Axes, edges_written_without_new_pixel_sizes_do_not_count_for_ever) {
   scene.window.Xmax = 1e15;
   scene.window.Ymax = 1e15;
   scene.Axes();
-  EXPECT_EQ(scene.log.size(), 2u + 2u * 4096u);
+  EXPECT_EQ(scene.log.size(), 2u + 4096u);  // the y axis lies far off the surface
   scene.window.ShowGrid = true;
   DrawGrid(scene.window, Canvas(std::make_shared<RasterSurface>(400, 200), scene.pass));
   EXPECT_EQ(scene.window.CurrentY, -10 + 4096);
