@@ -1,6 +1,6 @@
 // ControlWindow: the control on a screen: a child window with the toolbar, the surface and the status boxes.
 //
-//   auto window = win32::ControlWindow::Make(module);
+//   auto window = win32::ControlWindow::Make(module, lock);
 //   auto graph = Graph::Create(window);            // the window is the face of the control
 //   window->Attach(graph);
 //   window->Create(parent, rect);                  // as often as the host activates the control
@@ -33,12 +33,17 @@ class ControlWindowHost {
   // A child of the control got the focus: the host should UI-activate the control.
   virtual void GotFocus() = 0;
   virtual void LostFocus() = 0;
+  // A message or input box opens (false) or has closed (true): the host's own modeless windows.
+  virtual void EnableModeless(bool enable) = 0;
 };
 
 class ControlWindow : public Face {
  public:
-  // Registers the window classes of `module` (the library's own handle) for as long as the object lives.
-  [[nodiscard]] static std::shared_ptr<ControlWindow> Make(HINSTANCE module);
+  // `module` is the library's own handle; window classes are registered for it with the first window and
+  // unregistered with the last. `moduleLock` is held by the object and by every dialog: as long as one
+  // exists, the library must not be unloaded.
+  [[nodiscard]] static std::shared_ptr<ControlWindow> Make(HINSTANCE module,
+                                                           std::shared_ptr<void> moduleLock);
   ~ControlWindow() override = default;
 
   virtual void Attach(const std::shared_ptr<Graph>& graph) = 0;
