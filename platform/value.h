@@ -15,7 +15,7 @@ class Value {
   enum class Kind { Empty, Boolean, Number, Text };
 
   Value() = default;
-  explicit Value(bool boolean) : mKind(Kind::Boolean), mNumber(boolean ? 1 : 0) {}
+  explicit Value(bool truth) : mKind(Kind::Boolean), mNumber(truth ? 1 : 0) {}
   explicit Value(double number) : mKind(Kind::Number), mNumber(number) {}
   explicit Value(std::string text)
       : mKind(Kind::Text), mText(std::make_shared<const std::string>(std::move(text))) {}
