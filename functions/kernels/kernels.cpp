@@ -1,29 +1,135 @@
 #include "functions/kernels/kernels.h"
 
-#include <cmath>
+#include "functions/kernels/arctangent.h"
+#include "functions/kernels/circular.h"
+#include "functions/kernels/circular_reduction.h"
+#include "functions/kernels/exponential.h"
+#include "functions/kernels/logarithm.h"
+#include "functions/kernels/power.h"
 
 namespace plotvane::functions::kernels {
 
-double Sin(double x) noexcept {
-  return std::sin(x);
+namespace {
+
+// Beyond these every result of the exponential is infinite or zero.
+constexpr double kCertainOverflow = 710.0;
+constexpr double kCertainUnderflow = -746.0;
+
+bool IsFinite(double x) noexcept {
+  return x - x == 0;
 }
-double Cos(double x) noexcept {
-  return std::cos(x);
+bool IsNaN(double x) noexcept {
+  return x != x;
 }
-double Tan(double x) noexcept {
-  return std::tan(x);
+bool IsWhole(double x) noexcept {
+  return Truncate<Portable>(x) == x;
 }
-double Atan(double x) noexcept {
-  return std::atan(x);
+bool IsOdd(double x) noexcept {
+  return IsWhole(x) && !IsWhole(x / 2);
 }
+
+// e^x where the result may leave the range of normal numbers: the scale is applied in two steps.
+double ExponentialAtTheEnds(Pair x) noexcept {
+  if (x.high > kCertainOverflow) return kInfinity;
+  if (x.high < kCertainUnderflow) return 0.0;
+  ScaledExponential scaled = ExponentialCore<Portable>(x);
+  if (scaled.power > 0) {
+    scaled.powerBits -= 1;
+    return ScaleNormal<Portable>(scaled) * 2.0;
+  }
+  scaled.powerBits += 54;
+  return ScaleNormal<Portable>(scaled) * 0x1p-54;
+}
+
+// Any positive finite number as power and mantissa.
+PowerAndMantissa Split(double x) noexcept {
+  if (x >= kSmallestNormal) return SplitNormal<Portable>(x);
+  PowerAndMantissa split = SplitNormal<Portable>(x * kTwo54);
+  split.power -= 54.0;
+  return split;
+}
+
+double ExpSpecial(double x) noexcept {
+  return IsNaN(x) ? x : ExponentialAtTheEnds({x, 0.0});
+}
+
+double LogSpecial(double x) noexcept {
+  if (x > 0) return IsFinite(x) ? LogarithmCore<Portable>(Split(x)) : x;
+  return x == 0 ? -kInfinity : kNotANumber;
+}
+
+// base^exponent for an infinity on either side.
+double PowOfInfinity(double base, double exponent) noexcept {
+  const double magnitude = Magnitude<Portable>(base);
+  if (!IsFinite(exponent)) {
+    if (magnitude == 1) return 1.0;
+    return (magnitude > 1) == (exponent > 0) ? kInfinity : 0.0;
+  }
+  const double result = exponent > 0 ? kInfinity : 0.0;
+  return base < 0 && IsOdd(exponent) ? -result : result;
+}
+
+double PowSpecial(double base, double exponent) noexcept {
+  if (exponent == 0 || base == 1) return 1.0;
+  if (IsNaN(base) || IsNaN(exponent)) return kNotANumber;
+  if (!IsFinite(base) || !IsFinite(exponent)) return PowOfInfinity(base, exponent);
+  const bool negative = base < 0 && IsOdd(exponent);
+  if (base == 0) {
+    const double result = exponent > 0 ? 0.0 : kInfinity;
+    return IsOdd(exponent) ? WithSign<Portable>(result, base) : result;
+  }
+  if (base < 0 && !IsWhole(exponent)) return kNotANumber;
+  // Exponents beyond this size leave no base but those next to 1 in range, and the product below must not
+  // overflow.
+  constexpr double kHugeExponent = 0x1p80;
+  const double bounded = exponent > kHugeExponent    ? kHugeExponent
+                         : exponent < -kHugeExponent ? -kHugeExponent
+                                                     : exponent;
+  const double power =
+      ExponentialAtTheEnds(PowerExponent<Portable>(bounded, Split(Magnitude<Portable>(base))));
+  return negative ? -power : power;
+}
+
+}  // namespace
+
 double Exp(double x) noexcept {
-  return std::exp(x);
+  const double result = ExpFast<Portable>(x);
+  return result == result ? result : ExpSpecial(x);
 }
+
 double Log(double x) noexcept {
-  return std::log(x);
+  const double result = LogFast<Portable>(x);
+  return result == result ? result : LogSpecial(x);
 }
+
 double Pow(double base, double exponent) noexcept {
-  return std::pow(base, exponent);
+  if (exponent == 2.0) return base * base;  // the same bits as below, sooner
+  const double result = PowFast<Portable>(base, exponent);
+  return result == result ? result : PowSpecial(base, exponent);
+}
+
+double Sin(double x) noexcept {
+  const double result = SinFast<Portable>(x);
+  if (result == result) return result;
+  return IsFinite(x) ? SineOf<Portable>(ReduceLargeAngle(x)) : kNotANumber;
+}
+
+double Cos(double x) noexcept {
+  const double result = CosFast<Portable>(x);
+  if (result == result) return result;
+  return IsFinite(x) ? CosineOf<Portable>(ReduceLargeAngle(x)) : kNotANumber;
+}
+
+double Tan(double x) noexcept {
+  const double result = TanFast<Portable>(x);
+  if (result == result) return result;
+  return IsFinite(x) ? TangentOf<Portable>(ReduceLargeAngle(x)) : kNotANumber;
+}
+
+double Atan(double x) noexcept {
+  const double result = AtanFast<Portable>(x);
+  if (result == result || x != x) return result;
+  return WithSign<Portable>(kExactHalfPiHigh, x);
 }
 
 }  // namespace plotvane::functions::kernels
