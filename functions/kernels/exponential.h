@@ -56,4 +56,8 @@ inline double ExpFast(double x) noexcept {
   return Magnitude<Tag>(x) <= kLargestPlainExponent ? result : kNotANumber;
 }
 
+// e^(x.high + x.low) over the whole range, infinities and subnormal results included; the low part below
+// 2^-10.
+[[nodiscard]] double ExpOfPair(Pair x) noexcept;
+
 }  // namespace plotvane::functions::kernels

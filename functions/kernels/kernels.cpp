@@ -28,19 +28,6 @@ bool IsOdd(double x) noexcept {
   return IsWhole(x) && !IsWhole(x / 2);
 }
 
-// e^x where the result may leave the range of normal numbers: the scale is applied in two steps.
-double ExponentialAtTheEnds(Pair x) noexcept {
-  if (x.high > kCertainOverflow) return kInfinity;
-  if (x.high < kCertainUnderflow) return 0.0;
-  ScaledExponential scaled = ExponentialCore<Portable>(x);
-  if (scaled.power > 0) {
-    scaled.powerBits -= 1;
-    return ScaleNormal<Portable>(scaled) * 2.0;
-  }
-  scaled.powerBits += 54;
-  return ScaleNormal<Portable>(scaled) * 0x1p-54;
-}
-
 // Any positive finite number as power and mantissa.
 PowerAndMantissa Split(double x) noexcept {
   if (x >= kSmallestNormal) return SplitNormal<Portable>(x);
@@ -50,7 +37,7 @@ PowerAndMantissa Split(double x) noexcept {
 }
 
 double ExpSpecial(double x) noexcept {
-  return IsNaN(x) ? x : ExponentialAtTheEnds({x, 0.0});
+  return IsNaN(x) ? x : ExpOfPair({x, 0.0});
 }
 
 double LogSpecial(double x) noexcept {
@@ -85,12 +72,24 @@ double PowSpecial(double base, double exponent) noexcept {
   const double bounded = exponent > kHugeExponent    ? kHugeExponent
                          : exponent < -kHugeExponent ? -kHugeExponent
                                                      : exponent;
-  const double power =
-      ExponentialAtTheEnds(PowerExponent<Portable>(bounded, Split(Magnitude<Portable>(base))));
+  const double power = ExpOfPair(PowerExponent<Portable>(bounded, Split(Magnitude<Portable>(base))));
   return negative ? -power : power;
 }
 
 }  // namespace
+
+// Where the result may leave the range of normal numbers the scale is applied in two steps.
+double ExpOfPair(Pair x) noexcept {
+  if (x.high > kCertainOverflow) return kInfinity;
+  if (x.high < kCertainUnderflow) return 0.0;
+  ScaledExponential scaled = ExponentialCore<Portable>(x);
+  if (scaled.power > 0) {
+    scaled.powerBits -= 1;
+    return ScaleNormal<Portable>(scaled) * 2.0;
+  }
+  scaled.powerBits += 54;
+  return ScaleNormal<Portable>(scaled) * 0x1p-54;
+}
 
 double Exp(double x) noexcept {
   const double result = ExpFast<Portable>(x);
