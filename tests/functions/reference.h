@@ -24,8 +24,8 @@ class Number {
   mpfr_t mValue;
 };
 
-// |computed - exact| in units of the last place of the double nearest to `exact`; of the smallest one for subnormal
-// values. `exact` is consumed.
+// |computed - exact| in units of the last place of the double nearest to `exact`; of the smallest one for
+// subnormal values. `exact` is consumed.
 inline double UnitsApart(double computed, Number& exact) {
   constexpr mpfr_exp_t kSmallestUnit = -1074;
   if (mpfr_zero_p(exact.Get()) != 0) return computed == 0 ? 0.0 : 1e300;
