@@ -20,7 +20,7 @@ Pair LogarithmPairOfOnePlus(double r) {
   return kernels::FastSum<Portable>(logarithm.high, logarithm.low + sum.low / sum.high);
 }
 
-// e^x − 1.
+// e^x − 1, for a low part within the last place of the high one.
 double ExponentialMinusOne(Pair x) {
   constexpr double kHalfLn2 = 0.34657359027997264;
   if (kernels::Magnitude<Portable>(x.high) <= kHalfLn2) {
@@ -48,7 +48,8 @@ Growth Compound(double r, double n) {
     const Trapped factor = Pow(Trapped(r) + Trapped(1), Trapped(n));
     return {factor, factor - Trapped(1)};
   }
-  const Pair exponent = kernels::Product<Portable>({n, 0.0}, LogarithmPairOfOnePlus(r));
+  const Pair product = kernels::Product<Portable>({n, 0.0}, LogarithmPairOfOnePlus(r));
+  const Pair exponent = kernels::FastSum<Portable>(product.high, product.low);
   const double factor = kernels::ExpOfPair(exponent);
   // Far from 1 the difference loses nothing.
   if (!(kernels::Magnitude<Portable>(exponent.high) <= kernels::kLargestPlainExponent)) {

