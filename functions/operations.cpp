@@ -56,6 +56,7 @@ struct Row {
   PlainFunction plainRadians = nullptr;
   PlainFunction plainDegrees = nullptr;
   AngleRule rule = AngleRule::None;
+  bool filled = false;  // instead of comparing addresses, which sanitized builds cannot do at compile time
 };
 
 using PlainNumber = Plain<WholeRangeKernels>;
@@ -101,7 +102,8 @@ class Table {
   constexpr void Make(Operation operation) {
     using Radians = WithAngles<kRule, AngleMode::Radians, kFormula>;
     using Degrees = WithAngles<kRule, AngleMode::Degrees, kFormula>;
-    At(operation) = {RunTrapped<Radians>, RunTrapped<Degrees>, RunPlain<Radians>, RunPlain<Degrees>, kRule};
+    At(operation) = {
+        RunTrapped<Radians>, RunTrapped<Degrees>, RunPlain<Radians>, RunPlain<Degrees>, kRule, true};
   }
 
   [[nodiscard]] constexpr const Row& operator[](Operation operation) const {
@@ -110,7 +112,9 @@ class Table {
 
  private:
   constexpr Row& At(Operation operation) { return mRows[static_cast<std::size_t>(operation)]; }
-  constexpr void Add(Operation operation, Runner runner) { At(operation) = {runner, runner}; }
+  constexpr void Add(Operation operation, Runner runner) {
+    At(operation) = {.radians = runner, .degrees = runner, .filled = true};
+  }
 
   std::array<Row, kOperationCount> mRows{};
 };
@@ -119,8 +123,7 @@ constexpr Table kTable;
 
 static_assert(std::ranges::all_of(kCatalogue, [](const Function& function) {
   const Row& row = kTable[function.operation];
-  return function.IsCalculus() ? row.radians == nullptr
-                               : row.radians != nullptr && row.rule == function.angle;
+  return function.IsCalculus() ? !row.filled : row.filled && row.rule == function.angle;
 }));
 
 }  // namespace
