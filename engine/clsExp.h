@@ -20,20 +20,16 @@
 
 #include "engine/clsPreParsedExpression.h"
 #include "engine/clsStdErrObj.h"
+#include "engine/number_mode.h"
+#include "functions/catalogue.h"
 #include "platform/value.h"
 #include "platform/variable_table.h"
-
-namespace plotvane::functions {
-class clsMath;
-}
 
 namespace plotvane::engine {
 
 class Evaluator;
+struct CalculusNumbers;
 struct EvaluationState;
-
-// How results are shown, see engine/number_mode.h.
-enum class NumberMode : std::uint8_t { Decimal, Fixed, Octal, Hexadecimal, Binary };
 
 // Errors. Every evaluation returns whether it succeeded; after a failure the result is cleared and ErrObj()
 // tells why. Steps that were completed before the failure stay done: "x=7 8" fails and x is 7. The one
@@ -130,8 +126,11 @@ class clsExp {
 
  private:
   friend class Evaluator;
+  class Run;
 
-  std::unique_ptr<functions::clsMath> mMath;
+  bool RunCalculus(functions::Operation operation, std::shared_ptr<clsPreParsedExpression> expression,
+                   std::string_view variable, const CalculusNumbers& numbers, double& result);
+
   clsStdErrObj mErrObj;
   std::unique_ptr<EvaluationState> mState;  // of the evaluation in progress, or of the last one
   std::shared_ptr<clsPreParsedExpression> mPPE;

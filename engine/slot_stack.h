@@ -34,6 +34,12 @@ class SlotStack {
     ++mTop;
   }
 
+  // As newly made: empty, with one slot.
+  void MakeNew() {
+    mItems.resize(1);
+    mTop = 0;
+  }
+
   // A copy of the items, the first pushed first; empty for an empty stack.
   [[nodiscard]] std::vector<Element> GetArray() const { return {mItems.begin(), mItems.begin() + mTop}; }
 

@@ -70,6 +70,12 @@ struct Token {
 // The kind that a text names; Unknown when no rule knows it.
 [[nodiscard]] TokenKind KindFromText(std::string_view text) noexcept;
 
+// The kind of one character that is neither part of a word nor of a number.
+[[nodiscard]] TokenKind CharacterKind(char character) noexcept;
+
+// The kind of two characters that are one token; Unknown for any other two.
+[[nodiscard]] TokenKind PairKind(std::string_view pair) noexcept;
+
 // The kind of a whole word of the language: an operator word's own kind, else Identifier.
 [[nodiscard]] TokenKind WordKind(std::string_view lowerCaseWord) noexcept;
 

@@ -1,0 +1,117 @@
+#include "hosts/terminal/calc_command.h"
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "engine/clsExp.h"
+#include "hosts/terminal/calc_report.h"
+#include "hosts/terminal/exit_status.h"
+#include "hosts/terminal/line_input.h"
+#include "identifiers/clsVarTable.h"
+#include "platform/runtime_error.h"
+
+namespace plotvane::terminal {
+
+namespace {
+
+struct CalcOptions {
+  std::string mode = "decimal";
+  int places = 0;
+  bool degrees = false;
+  std::string variables;  // path of a file of identifiers
+  bool chemistry = false;
+  ReportForm report = ReportForm::Text;
+  bool numeric = false;
+  bool graph = false;
+  bool replay = false;
+  std::vector<std::string> expressions;
+};
+
+// The one expression object and table of variables that all lines share.
+class Calculator {
+ public:
+  // RunTimeError when a file cannot be read.
+  explicit Calculator(const CalcOptions& options) : mReport(options.report), mReplay(options.replay) {
+    mExpression.CreateNewVarTable();
+    auto table = std::dynamic_pointer_cast<identifiers::clsVarTable>(mExpression.GetVarTable());
+    if (options.chemistry) table->LoadOriginalChemData();
+    if (!options.variables.empty()) table->LoadTypeFromFile(options.variables);
+    mExpression.SetFormatMode(options.mode);
+    mExpression.SetFixedDecimalPlaces(platform::Value(static_cast<double>(options.places)));
+    mExpression.SetDegreeMode(options.degrees);
+    mExpression.SetAcceptNumericResultOnly(options.numeric);
+    mExpression.ErrObj().GraphMode = options.graph;
+  }
+
+  void Calculate(const std::string& line) {
+    platform::Value result;
+    if (Evaluate(line, result)) {
+      ReportResult(std::cout, mReport, result.ToText());
+    } else {
+      ReportFailure(std::cout, std::cerr, mReport, mExpression.ErrObj());
+      mAllWell = false;
+    }
+  }
+
+  [[nodiscard]] int Status() const noexcept { return mAllWell ? kAllWell : kSomethingFailed; }
+
+ private:
+  bool Evaluate(const std::string& line, platform::Value& result) {
+    if (!mReplay) return mExpression.Evaluate(line, result);
+    mExpression.EvaluateThenSavePreParsedExpression(line, result);
+    return mExpression.EvaluateCurrentPreParsedExpression(result);
+  }
+
+  engine::clsExp mExpression;
+  ReportForm mReport;
+  bool mReplay;
+  bool mAllWell = true;
+};
+
+int RunCalc(const CalcOptions& options) {
+  try {
+    Calculator calculator(options);
+    if (options.expressions.empty()) {
+      const auto input = OpenLineInput();
+      while (const auto line = input->Next()) calculator.Calculate(*line);
+    }
+    for (const std::string& expression : options.expressions) calculator.Calculate(expression);
+    std::cout.flush();
+    return std::cout ? calculator.Status() : kSomethingFailed;
+  } catch (const platform::RunTimeError& error) {
+    std::cerr << "plotvane: " << error.what() << '\n';
+    return kSomethingFailed;
+  }
+}
+
+}  // namespace
+
+void AddCalcCommand(CLI::App& program, int& status) {
+  const auto options = std::make_shared<CalcOptions>();
+  CLI::App* command = program.add_subcommand("calc", "Evaluate expressions");
+  command->add_option("--mode", options->mode, "How results are shown")
+      ->check(CLI::IsMember({"decimal", "fixed", "octal", "hexadecimal", "binary"}, CLI::ignore_case))
+      ->type_name("MODE");
+  command->add_option("--places", options->places, "Decimal places of fixed mode, -100 to 127")
+      ->check(CLI::Range(-100, 127));
+  command->add_flag("--degrees", options->degrees, "Angles in degrees instead of radians");
+  command->add_option("--variables", options->variables, "Load identifiers from a file")->type_name("FILE");
+  command->add_flag("--chem", options->chemistry, "Know the symbols of the chemical elements");
+  const std::map<std::string, ReportForm> forms{{"text", ReportForm::Text}, {"tsv", ReportForm::Tsv}};
+  command->add_option("--report", options->report, "text, or tsv: ok and the result, err and the error")
+      ->transform(CLI::CheckedTransformer(forms, CLI::ignore_case))
+      ->type_name("FORM");
+  command->add_flag("--numeric", options->numeric, "Accept numeric results only");
+  command->add_flag("--graph", options->graph, "Tolerate errors as a graph does");
+  command->add_flag("--replay", options->replay, "Record each line and print the result of its replay");
+  command
+      ->add_option("expressions", options->expressions, "Expressions; without any, lines of standard input")
+      ->type_name("EXPRESSION");
+  command->positionals_at_end(false);
+  command->callback([options, &status] { status = RunCalc(*options); });
+}
+
+}  // namespace plotvane::terminal
