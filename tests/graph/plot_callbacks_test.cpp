@@ -258,7 +258,10 @@ TEST(PlotCallback, a_size_changed_meanwhile_does_not_change_the_number_of_points
   TestGraph test(8, 8);
   const auto function = MakeFunction("1");
   test.graph.SetYArray({function}, false);
-  test.table->onChange = [&] { test.graph.SurfaceWidth = 100; };
+  int changes = 0;
+  test.table->onChange = [&] {
+    if (++changes == 4) test.graph.SurfaceWidth = 100;
+  };
   test.Plot();
   EXPECT_EQ(function->NumberOfPixels(), 8);
   EXPECT_EQ(LinesStarting(test.log, "line").size(), 8u);

@@ -134,9 +134,9 @@ TEST(DegreeMode, asks_for_evaluation_only_when_it_changes) {
 
 TEST(PlotPixelStep, ignores_values_below_1_and_unchanged_ones) {
   TestGraph test(400, 200);
-  for (const std::int16_t step : {0, -1, -32768, 1}) {
+  for (const int step : {0, -1, -32768, 1}) {
     test.graph.RedrawAll = false;
-    test.graph.SetPlotPixelStep(step);
+    test.graph.SetPlotPixelStep(static_cast<std::int16_t>(step));
     EXPECT_EQ(test.graph.GetPlotPixelStep(), 1);
     EXPECT_FALSE(test.graph.RedrawAll);
   }

@@ -126,9 +126,8 @@ TEST(Trace, puts_the_marker_on_the_curve) {
 TEST(Trace, hides_the_marker_where_the_function_is_undefined) {
   Traced test;
   ASSERT_TRUE(test.Select("4"));
-  test.graph.CurrentY = 3;
-  test.graph.TraceAtPixel(199);  // x = 0
-  EXPECT_EQ(test.log, (Log{"marker off", "status X=0    Y=3"}));
+  test.graph.TraceAtPixel(199);  // x = 0; y still is that of row 0, where the column was looked up
+  EXPECT_EQ(test.log, (Log{"marker off", "status X=0    Y=10"}));
 }
 
 TEST(Trace, without_an_equation_only_hides_the_marker) {
