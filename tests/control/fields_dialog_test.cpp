@@ -104,7 +104,7 @@ TEST_F(FieldsDialogs, an_expression_is_evaluated_kept_and_offered_again) {
 TEST_F(FieldsDialogs, the_texts_are_written_minima_first) {
   OpenRange();
   // Each expression reads what the one written before it stored.
-  View().editTexts = {"a=-1", "c=b*-3", "b=a-1", "d=c*2", "e=d+1", "e+1"};
+  View().editTexts = {"a=-1", "c=b*-3", "b=a-1", "d=c*2", "f=d+1", "f+1"};
   Ok();
   const graph::GraphEngine& engine = control.Engine();
   EXPECT_EQ(engine.Xmin, -1);
@@ -141,9 +141,10 @@ TEST_F(FieldsDialogs, an_empty_range_is_reported_by_messages_and_stays_written) 
 
 TEST_F(FieldsDialogs, a_run_time_error_in_ok_shows_its_text_and_leaves_the_dialog_open) {
   OpenRange();
-  View().editTexts[4] = "0";  // the marks divide by the distance
+  View().editTexts[0] = "-1e308";  // the width of the range is no number
+  View().editTexts[1] = "1e308";
   Ok();
-  EXPECT_EQ(control.face->Simple(), "Division by zero");
+  EXPECT_EQ(control.face->Simple(), "Overflow");
   EXPECT_FALSE(Gone());
   EXPECT_TRUE(View().shown);
 }
