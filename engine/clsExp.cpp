@@ -4,6 +4,7 @@
 
 #include "engine/calculus_call.h"
 #include "engine/evaluation_state.h"
+#include "engine/replay.h"
 #include "identifiers/clsVarTable.h"
 #include "platform/ascii.h"
 #include "platform/conversions.h"
@@ -139,11 +140,41 @@ const std::shared_ptr<clsPreParsedExpression>& clsExp::GetPPE() const noexcept {
 }
 
 bool clsExp::EvaluateCurrentPreParsedExpression(Value& result) {
+  return (!mState->inProgress && ReplayCompiled(0, result)) || ReplayExactly(result);
+}
+
+bool clsExp::ReplayExactly(Value& result) {
   Run run(*this);
   if (!mPPE) mPPE = std::make_shared<clsPreParsedExpression>();
   mPPE->SetNextToBeginning();
   run.Reader().StartReplay(mPPE->Tokens());
   return run.Line(result);
+}
+
+// A boolean passes as it is in decimal mode and where numeric results only are accepted; so does a number.
+bool clsExp::MayReplayCompiled() const noexcept {
+  return mCompiledReplay && mOwnTable && mPPE &&
+         (mAcceptNumericResultOnly || mNumberMode == NumberMode::Decimal);
+}
+
+bool clsExp::ReplayCompiled(std::size_t outerLevels, Value& result) {
+  if (!MayReplayCompiled()) return false;
+  const auto angleMode = mRadianMode ? functions::AngleMode::Radians : functions::AngleMode::Degrees;
+  BoundProgram& bound = *mPPE->Compiled(mOwnTable, angleMode, {});
+  if (!bound.Refresh()) return false;
+  Program& program = bound.Compiled();
+  if (outerLevels + program.Depth() > Evaluator::kMostLevels) return false;
+  const double value = program.Run(0);
+  if (value - value != 0) return false;
+  FinishReplay(program);
+  result = program.IsBoolean() ? Value(value != 0) : Value(value);
+  return true;
+}
+
+void clsExp::FinishReplay(const Program& program) noexcept {
+  mPPE->SetNextToBeginning();
+  mErrObj.ClearLastErrors();
+  mState->reader.FinishReplay(program.LastBracket(), program.LastRadix());
 }
 
 bool clsExp::EvaluatePreParsedExpression(std::shared_ptr<clsPreParsedExpression> expression, Value& result) {
@@ -166,12 +197,13 @@ bool clsExp::EvaluateIt(Value& result) {
 // --- Variable table
 
 void clsExp::CreateNewVarTable() {
-  mVarTable = std::make_shared<identifiers::clsVarTable>();
+  SetVarTable(std::make_shared<identifiers::clsVarTable>());
 }
 const std::shared_ptr<platform::VariableTable>& clsExp::GetVarTable() const noexcept {
   return mVarTable;
 }
 void clsExp::SetVarTable(std::shared_ptr<platform::VariableTable> table) noexcept {
+  mOwnTable = std::dynamic_pointer_cast<identifiers::clsVarTable>(table);
   mVarTable = std::move(table);
 }
 

@@ -28,6 +28,7 @@
 namespace plotvane::engine {
 
 class Evaluator;
+class Program;
 struct CalculusNumbers;
 struct EvaluationState;
 
@@ -99,6 +100,10 @@ class clsExp {
   bool NDerivative(std::int16_t n, std::shared_ptr<clsPreParsedExpression> expression,
                    std::string_view variable, double x, double h, double& result);
 
+  // Off, replays are evaluated exactly and never by a compiled program. Nothing but time depends on it; on by
+  // default.
+  void SetCompiledReplay(bool on) noexcept { mCompiledReplay = on; }
+
   // When on, a single statement is not formatted, and a result that is not numeric is custom error 8. A
   // boolean is numeric, as is a text that is a number from end to end.
   [[nodiscard]] bool GetAcceptNumericResultOnly() const noexcept;
@@ -125,8 +130,18 @@ class clsExp {
   [[nodiscard]] std::string_view PopPar() const noexcept;  // the opening bracket last taken from the stack
 
  private:
+  friend class Curve;
   friend class Evaluator;
   class Run;
+
+  // A replay by the compiled program of the current list. False, and nothing has happened, when that is off
+  // or not possible, or when the exact evaluator is needed to find an error. `outerLevels` are in progress
+  // around it.
+  [[nodiscard]] bool ReplayCompiled(std::size_t outerLevels, platform::Value& result);
+  [[nodiscard]] bool MayReplayCompiled() const noexcept;
+  bool ReplayExactly(platform::Value& result);
+  // Leaves everything as a successful replay of the program's list would.
+  void FinishReplay(const Program& program) noexcept;
 
   bool RunCalculus(functions::Operation operation, std::shared_ptr<clsPreParsedExpression> expression,
                    std::string_view variable, const CalculusNumbers& numbers, double& result);
@@ -135,11 +150,13 @@ class clsExp {
   std::unique_ptr<EvaluationState> mState;  // of the evaluation in progress, or of the last one
   std::shared_ptr<clsPreParsedExpression> mPPE;
   std::shared_ptr<platform::VariableTable> mVarTable;
+  std::shared_ptr<identifiers::clsVarTable> mOwnTable;  // mVarTable when it is the system's own, else nothing
   std::string mExpression;
   NumberMode mNumberMode = NumberMode::Decimal;
   std::int16_t mFixedDecimalPlaces = 0;
   bool mRadianMode = true;
   bool mAcceptNumericResultOnly = false;
+  bool mCompiledReplay = true;
 };
 
 }  // namespace plotvane::engine

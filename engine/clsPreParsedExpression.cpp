@@ -1,5 +1,6 @@
 #include "engine/clsPreParsedExpression.h"
 
+#include "engine/replay.h"
 #include "platform/runtime_error.h"
 
 namespace plotvane::engine {
@@ -50,6 +51,7 @@ bool clsPreParsedExpression::Append(const Token& token) {
 
 // The tokens to write to: a copy of its own when anybody else holds on to them.
 TokenList& clsPreParsedExpression::OwnTokens() {
+  mCompiled.clear();
   if (mTokens.use_count() > 1) mTokens = std::make_shared<TokenList>(*mTokens);
   return *mTokens;
 }
@@ -57,6 +59,27 @@ TokenList& clsPreParsedExpression::OwnTokens() {
 void clsPreParsedExpression::RemoveAll() {
   mTokens = std::make_shared<TokenList>();
   mNext = 0;
+  mCompiled.clear();
+}
+
+clsPreParsedExpression& clsPreParsedExpression::operator=(const clsPreParsedExpression& other) {
+  if (this == &other) return *this;
+  mTokens = other.mTokens;
+  mNext = other.mNext;
+  mCompiled.clear();
+  return *this;
+}
+
+const std::shared_ptr<BoundProgram>& clsPreParsedExpression::Compiled(
+    const std::shared_ptr<identifiers::clsVarTable>& table, functions::AngleMode angleMode,
+    std::string_view varying) {
+  for (const std::shared_ptr<BoundProgram>& program : mCompiled) {
+    if (program->IsFor(table.get(), angleMode) && program->Varying() == varying) return program;
+  }
+  constexpr std::size_t kMostKept = 4;
+  if (mCompiled.size() == kMostKept) mCompiled.erase(mCompiled.begin());
+  mCompiled.push_back(std::make_shared<BoundProgram>(mTokens, table, angleMode, varying));
+  return mCompiled.back();
 }
 
 bool clsPreParsedExpression::GetNext(std::string& token, std::string& spelling) {

@@ -9,8 +9,15 @@
 #include <vector>
 
 #include "engine/token.h"
+#include "functions/call_context.h"
+
+namespace plotvane::identifiers {
+class clsVarTable;
+}
 
 namespace plotvane::engine {
+
+class BoundProgram;
 
 // The tokens themselves: kinds and places in one text, so that a list costs two allocations whatever its
 // length.
@@ -50,6 +57,10 @@ class TokenList {
 // example).
 class clsPreParsedExpression {
  public:
+  clsPreParsedExpression() = default;
+  clsPreParsedExpression(const clsPreParsedExpression& other) : mTokens(other.mTokens), mNext(other.mNext) {}
+  clsPreParsedExpression& operator=(const clsPreParsedExpression& other);
+
   // 0 to 32767.
   [[nodiscard]] std::int16_t NumberOfTokens() const noexcept;
 
@@ -71,12 +82,22 @@ class clsPreParsedExpression {
   // For the engine. Add with the radix kept; false (and nothing added) when the list is full.
   [[nodiscard]] bool Append(const Token& token);
   [[nodiscard]] std::shared_ptr<const TokenList> Tokens() const noexcept;
+  [[nodiscard]] const TokenList& List() const noexcept { return *mTokens; }
+
+  // The list compiled for a table, an angle mode and a varying variable (empty for none); compiled at the
+  // first request and kept for the next ones, for the last few different requests.
+  [[nodiscard]] const std::shared_ptr<BoundProgram>& Compiled(
+      const std::shared_ptr<identifiers::clsVarTable>& table, functions::AngleMode angleMode,
+      std::string_view varying);
 
  private:
   TokenList& OwnTokens();
 
   std::shared_ptr<TokenList> mTokens = std::make_shared<TokenList>();
   std::size_t mNext = 0;  // how many tokens GetNext has handed out
+  // Of mTokens; each holds on to them. Copies compile for themselves: programs carry the numbers of their
+  // run.
+  std::vector<std::shared_ptr<BoundProgram>> mCompiled;
 };
 
 }  // namespace plotvane::engine

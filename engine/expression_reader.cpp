@@ -38,6 +38,14 @@ void ExpressionReader::End() noexcept {
   mRecording = nullptr;
 }
 
+void ExpressionReader::FinishReplay(TokenKind lastBracket, std::optional<Radix> lastRadix) noexcept {
+  mToken = {};
+  mError = {};
+  if (!mBrackets.EmptyStack()) mBrackets.MakeNew();
+  if (lastBracket != TokenKind::End) mPoppedBracket = KindText({lastBracket, Radix::Decimal, {}});
+  if (lastRadix) mBase = *lastRadix;
+}
+
 void ExpressionReader::Next() {
   if (mErrorOccurred) return;
   mToken = mSource->Next();

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -42,6 +43,10 @@ class ExpressionReader {
   // Lets go of the recording and of the replay; the current token stays.
   void End() noexcept;
   [[nodiscard]] bool Replaying() const noexcept { return mReplaying; }
+
+  // Leaves the reader as a replay does that read its whole list without an error and closed a bracket of that
+  // kind, and read a number of that radix, last (End and nothing when there was none).
+  void FinishReplay(TokenKind lastBracket, std::optional<Radix> lastRadix) noexcept;
 
   // Reads the next token. Custom error 7 for "&" with a letter that names no base; standard error 6 when the
   // recording list is full.

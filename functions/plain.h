@@ -21,11 +21,14 @@ struct WholeRangeKernels {
 };
 
 // One double. Where Trapped fails, a Plain is (or ends as) an infinity or a not-a-number; where Trapped
-// succeeds, the bits are the same. Arithmetic would forget an overflow in one place only, the division by an
-// infinity: that gives a not-a-number here. No branches, so that loops over formulas vectorise.
+// succeeds, the bits are the same. What would forget an overflow (a division by an infinity, the sign of one,
+// its arc tangent, e raised to a negative one) gives a not-a-number here. No branches, so that loops over
+// formulas vectorise.
 template <class Kernels>
 class Plain {
  public:
+  using Tag = typename Kernels::Tag;
+
   Plain(double value) noexcept : mValue(value) {}  // NOLINT: a number is a plain number
 
   [[nodiscard]] double Get() const noexcept { return mValue; }
@@ -41,7 +44,7 @@ class Plain {
 
   friend Plain Sqrt(Plain x) noexcept { return std::sqrt(x.mValue); }
   friend Plain Log(Plain x) noexcept { return Kernels::Log(x.mValue); }
-  friend Plain Exp(Plain x) noexcept { return Kernels::Exp(x.mValue); }
+  friend Plain Exp(Plain x) noexcept { return Kernels::Exp(Finite(x)); }
   friend Plain Sin(Plain x) noexcept { return Kernels::Sin(x.mValue); }
   friend Plain Cos(Plain x) noexcept { return Kernels::Cos(x.mValue); }
   friend Plain Tan(Plain x) noexcept { return Kernels::Tan(x.mValue); }
@@ -54,7 +57,8 @@ class Plain {
   friend Plain Abs(Plain x) noexcept { return kernels::Magnitude<typename Kernels::Tag>(x.mValue); }
   friend Plain Sign(Plain x) noexcept {
     const double negative = x.mValue < 0 ? -1.0 : 0.0;
-    return x.mValue > 0 ? 1.0 : negative;
+    const double sign = x.mValue > 0 ? 1.0 : negative;
+    return sign + (x.mValue - x.mValue);
   }
   friend bool Equals(Plain x, double constant) noexcept { return x.mValue == constant; }
   friend Plain Choose(bool condition, Plain chosen, Plain other) noexcept {

@@ -63,7 +63,7 @@ bool clsVarTable::GetId(std::string_view id, Value& value, std::int32_t& type,
 bool clsVarTable::Remove(std::string_view id) {
   const clsExNode* record = mNodes.Find(id);
   if (record == nullptr || !MayWrite(*record)) return false;
-  ++mGeneration;
+  NoteNewGeneration();
   return mNodes.Remove(id);
 }
 
@@ -91,10 +91,11 @@ bool clsVarTable::Change(std::string_view id, const Value& value, std::optional<
     return true;
   }
   if (!MayWrite(*record)) return false;
-  if (record->Flags != newType || record->Description != newDescription) ++mGeneration;
+  if (record->Flags != newType || record->Description != newDescription) NoteNewGeneration();
   record->Flags = newType;
   record->Description = newDescription;
   record->Value = value;
+  ++mChanges;
   return true;
 }
 
@@ -120,7 +121,7 @@ void clsVarTable::SaveTypeToFile(std::int32_t flagType, std::string_view filePat
 }
 
 void clsVarTable::LoadTypeFromFile(std::string_view filePathAndName) {
-  ++mGeneration;
+  NoteNewGeneration();
   mNodes.LoadFromFile(filePathAndName);
 }
 
@@ -160,7 +161,7 @@ void clsVarTable::AddRecord(std::string_view id, const Value& value, std::int32_
   record.Value = value;
   record.Flags = type;
   record.Description = description;
-  ++mGeneration;
+  NoteNewGeneration();
   mNodes.AddNode(record);
 }
 

@@ -87,10 +87,17 @@ class clsVarTable final : public platform::VariableTable {
   // Binding, for evaluators that look a name up once and use it many times. A record found here stays where
   // it is, and a missing name stays missing, while Generation() is the same: it grows with every addition,
   // removal, load, and change of a type or description, not with changes of values. Nothing but the value may
-  // be written through the record, and only where IsPlainVariable: there `record.Value = value` is all that
-  // Change(id, value) would do.
+  // be written through the record, and only where IsPlainVariable: there SetNumber(record, number) is all that
+  // Change(id, Value(number)) would do.
+  //
+  // Changes() grows with every change, those of values included.
   [[nodiscard]] clsExNode* FindRecord(std::string_view id) noexcept { return mNodes.Find(id); }
   [[nodiscard]] std::uint64_t Generation() const noexcept { return mGeneration; }
+  [[nodiscard]] std::uint64_t Changes() const noexcept { return mChanges; }
+  void SetNumber(clsExNode& record, double number) noexcept {
+    record.Value.SetNumber(number);
+    ++mChanges;
+  }
   [[nodiscard]] static bool IsPlainVariable(const clsExNode& record) noexcept {
     return record.Flags == kVariableType && record.Description.empty();
   }
@@ -104,7 +111,13 @@ class clsVarTable final : public platform::VariableTable {
                  std::string_view description);
 
   clsNodeTable mNodes;
+  void NoteNewGeneration() noexcept {
+    ++mGeneration;
+    ++mChanges;
+  }
+
   std::uint64_t mGeneration = 0;
+  std::uint64_t mChanges = 0;
 };
 
 }  // namespace plotvane::identifiers

@@ -61,6 +61,13 @@ class Value {
 
   void Clear() noexcept { *this = Value(); }
 
+  // What `value = Value(number)` does, for loops that store many numbers in one place.
+  void SetNumber(double number) noexcept {
+    mKind = Kind::Number;
+    mNumber = number;
+    if (mText) mText.reset();
+  }
+
   // Same kind and same content (numbers by value).
   friend bool operator==(const Value& a, const Value& b) noexcept {
     if (a.mKind != b.mKind) return false;

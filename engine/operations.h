@@ -1,0 +1,329 @@
+// The operations of compiled programs: each is written once, for any kind of number, and listed once.
+//
+// The single-value path and the column path are two tables made from the same lists
+// (engine/operation_table.h), so a new operation is added here and nowhere else; the functions of one number
+// come from functions/unary_formulas.h.
+//
+// One rule holds for all: a failure is a result that is not finite, and no operation turns an operand that is
+// not finite into a finite result. So one look at the end of a program tells whether any of its steps failed.
+// Truth values are the numbers -1 and +0.
+#pragma once
+
+#include <string_view>
+
+#include "functions/formulas.h"
+#include "functions/kernels/bits.h"
+
+namespace plotvane::engine::operations {
+
+template <class... Operations>
+struct List {
+  static constexpr std::size_t kSize = sizeof...(Operations);
+};
+
+// --- Arithmetic
+
+struct Add {
+  static constexpr std::string_view kName = "add";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return a + b;
+  }
+};
+
+struct Subtract {
+  static constexpr std::string_view kName = "subtract";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return a - b;
+  }
+};
+
+struct Multiply {
+  static constexpr std::string_view kName = "multiply";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return a * b;
+  }
+};
+
+struct Divide {
+  static constexpr std::string_view kName = "divide";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return a / b;
+  }
+};
+
+struct Power {
+  static constexpr std::string_view kName = "power";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return Pow(a, b);
+  }
+};
+
+struct Scientific {
+  static constexpr std::string_view kName = "scientific";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return functions::formulas::ScientificNotation(a, b);
+  }
+};
+
+struct Negate {
+  static constexpr std::string_view kName = "negate";
+  template <class Real>
+  static Real Apply(Real a) {
+    return -a;
+  }
+};
+
+struct Percent {
+  static constexpr std::string_view kName = "percent";
+  template <class Real>
+  static Real Apply(Real a) {
+    return a / Real(100);
+  }
+};
+
+// --- 32-bit whole numbers, halves to even
+
+// The whole number as a double; not-a-number outside 32 bits.
+template <class Real>
+double Whole(Real a) {
+  const double value = a.Get();
+  // Adding and taking away 1.5 * 2^52 rounds; adding 0 makes the zero positive.
+  const double nearest =
+      (value + functions::kernels::kRoundToWhole) - functions::kernels::kRoundToWhole + 0.0;
+  const double atMost = value < 2147483647.5 ? nearest : functions::kernels::kNotANumber;
+  return value >= -2147483648.5 ? atMost : functions::kernels::kNotANumber;
+}
+
+template <class Real>
+Real WholeQuotientOf(double a, double b) {
+  return Truncate(Real(a / b));
+}
+
+struct WholeQuotient {
+  static constexpr std::string_view kName = "whole quotient";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    // -2147483648 \ -1 alone leaves the 32 bits.
+    const double quotient = WholeQuotientOf<Real>(Whole(a), Whole(b)).Get() + 0.0;
+    return Real(quotient <= 2147483647.0 ? quotient : functions::kernels::kNotANumber);
+  }
+};
+
+struct WholeRemainder {
+  static constexpr std::string_view kName = "whole remainder";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    const double left = Whole(a);
+    const double right = Whole(b);
+    return Real(left - right * WholeQuotientOf<Real>(left, right).Get());
+  }
+};
+
+// The operands' 32 bits, as the low bits of two doubles, joined by `join`.
+template <class Tag, class Real, class Join>
+Real JoinBits(Real a, Real b, Join join) {
+  using namespace functions::kernels;
+  const double left = Whole(a);
+  const double right = Whole(b);
+  constexpr std::uint64_t kTopBit = 0x80000000U;
+  const std::uint64_t joined =
+      join(Bits<Tag>(left + kRoundToWhole), Bits<Tag>(right + kRoundToWhole)) & 0xFFFFFFFFU;
+  const double offset = FromBits<Tag>(Bits<Tag>(kTwo52) | (joined ^ kTopBit));
+  const double whole = offset - (kTwo52 + 2147483648.0);
+  // 0, or not-a-number when a side was.
+  const double fault = (left - left) + (right - right);
+  return Real(whole + fault);
+}
+
+struct AndBits {
+  static constexpr std::string_view kName = "and bits";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return JoinBits<typename Real::Tag>(a, b, [](std::uint64_t l, std::uint64_t r) { return l & r; });
+  }
+};
+
+struct OrBits {
+  static constexpr std::string_view kName = "or bits";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return JoinBits<typename Real::Tag>(a, b, [](std::uint64_t l, std::uint64_t r) { return l | r; });
+  }
+};
+
+struct XorBits {
+  static constexpr std::string_view kName = "xor bits";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return JoinBits<typename Real::Tag>(a, b, [](std::uint64_t l, std::uint64_t r) { return l ^ r; });
+  }
+};
+
+struct EqvBits {
+  static constexpr std::string_view kName = "eqv bits";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return JoinBits<typename Real::Tag>(a, b, [](std::uint64_t l, std::uint64_t r) { return ~(l ^ r); });
+  }
+};
+
+struct ImpBits {
+  static constexpr std::string_view kName = "imp bits";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return JoinBits<typename Real::Tag>(a, b, [](std::uint64_t l, std::uint64_t r) { return ~l | r; });
+  }
+};
+
+struct NotBits {
+  static constexpr std::string_view kName = "not bits";
+  template <class Real>
+  static Real Apply(Real a) {
+    return Real(-1.0 - Whole(a));
+  }
+};
+
+// --- Comparisons: truth values
+
+// `holds` as a truth value; not-a-number when a side is not finite.
+template <class Real>
+Real Truth(bool holds, Real a, Real b) {
+  return Choose(holds, Real(-1.0), Real(0.0)) + ((a - a) + (b - b));
+}
+
+struct Equal {
+  static constexpr std::string_view kName = "equal";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return Truth(a.Get() == b.Get(), a, b);
+  }
+};
+
+struct NotEqual {
+  static constexpr std::string_view kName = "not equal";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return Truth(a.Get() != b.Get(), a, b);
+  }
+};
+
+struct Less {
+  static constexpr std::string_view kName = "less";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return Truth(a.Get() < b.Get(), a, b);
+  }
+};
+
+struct Greater {
+  static constexpr std::string_view kName = "greater";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return Truth(a.Get() > b.Get(), a, b);
+  }
+};
+
+struct LessOrEqual {
+  static constexpr std::string_view kName = "less or equal";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return Truth(a.Get() <= b.Get(), a, b);
+  }
+};
+
+struct GreaterOrEqual {
+  static constexpr std::string_view kName = "greater or equal";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return Truth(a.Get() >= b.Get(), a, b);
+  }
+};
+
+// --- Logic on truth values, in arithmetic so that a fault of either side stays
+
+struct And {
+  static constexpr std::string_view kName = "and";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return Real(0.0) - a * b;
+  }
+};
+
+struct Or {
+  static constexpr std::string_view kName = "or";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return a + b + a * b;
+  }
+};
+
+struct Xor {
+  static constexpr std::string_view kName = "xor";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return Real(0.0) - (a - b) * (a - b);
+  }
+};
+
+struct Eqv {
+  static constexpr std::string_view kName = "eqv";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return (a - b) * (a - b) - Real(1.0);
+  }
+};
+
+struct Imp {
+  static constexpr std::string_view kName = "imp";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return Real(-1.0) - a * (Real(1.0) + b);
+  }
+};
+
+struct Not {
+  static constexpr std::string_view kName = "not";
+  template <class Real>
+  static Real Apply(Real a) {
+    return Real(-1.0) - a;
+  }
+};
+
+// --- Functions of two numbers
+
+struct LogN {
+  static constexpr std::string_view kName = "logn";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return functions::formulas::LogN(a, b);
+  }
+};
+
+struct DecimalMod {
+  static constexpr std::string_view kName = "decimalmod";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return functions::formulas::DecimalMod(a, b);
+  }
+};
+
+struct Round {
+  static constexpr std::string_view kName = "round";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return functions::formulas::Round(a, b);
+  }
+};
+
+using OfOne = List<Negate, Percent, Not, NotBits>;
+using OfTwo = List<Add, Subtract, Multiply, Divide, Power, Scientific, WholeQuotient, WholeRemainder, Equal,
+                   NotEqual, Less, Greater, LessOrEqual, GreaterOrEqual, And, Or, Xor, Eqv, Imp, AndBits,
+                   OrBits, XorBits, EqvBits, ImpBits, LogN, DecimalMod, Round>;
+
+}  // namespace plotvane::engine::operations

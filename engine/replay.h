@@ -1,0 +1,76 @@
+// Replay: compiled programs of one recorded list, bound to the system's own variable table.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/clsPreParsedExpression.h"
+#include "engine/program.h"
+#include "functions/catalogue.h"
+#include "identifiers/clsVarTable.h"
+
+namespace plotvane::engine {
+
+// A program whose variables are bound to records of a table. The binding notices every change of the table:
+// additions, removals and loads by its generation, values by its count of changes.
+class BoundProgram {
+ public:
+  // `varying` is a name in lower case, or empty.
+  BoundProgram(std::shared_ptr<const TokenList> tokens, std::shared_ptr<identifiers::clsVarTable> table,
+               functions::AngleMode angleMode, std::string_view varying);
+
+  // True when the program is of these.
+  [[nodiscard]] bool IsFor(const identifiers::clsVarTable* table,
+                           functions::AngleMode angleMode) const noexcept {
+    return mTable.get() == table && mAngleMode == angleMode;
+  }
+  [[nodiscard]] std::string_view Varying() const noexcept { return mVarying; }
+
+  // Brings the program's numbers up to date with the table. False when the exact evaluator must be asked: the
+  // list is one that no program expresses, or a variable is missing or holds something else than a finite
+  // number or a truth value.
+  [[nodiscard]] bool Refresh() { return mSeenChanges == mTable->Changes() ? mReady : RefreshNow(); }
+
+  // After Refresh.
+  [[nodiscard]] Program& Compiled() noexcept { return *mProgram; }
+  // Grows whenever Compiled() becomes another program.
+  [[nodiscard]] std::uint64_t Compilations() const noexcept { return mCompilations; }
+
+  // After Refresh: stores the varying variable, an ordinary variable of the table; what Change would do.
+  // False when it is missing or no ordinary variable: then nothing was stored.
+  bool StoreVarying(double value) noexcept {
+    if (!mVaryingRecord) return false;
+    mTable->SetNumber(*mVaryingRecord, value);
+    mSeenChanges = mTable->Changes();
+    return true;
+  }
+
+  [[nodiscard]] bool CanStoreVarying() const noexcept { return mVaryingRecord != nullptr; }
+
+  // The table's count of changes that the program's numbers belong to.
+  [[nodiscard]] std::uint64_t SeenChanges() const noexcept { return mSeenChanges; }
+
+ private:
+  bool RefreshNow();
+  void Recompile();
+  void Bind();
+  [[nodiscard]] bool ReadVariables();
+
+  std::shared_ptr<const TokenList> mTokens;
+  std::shared_ptr<identifiers::clsVarTable> mTable;
+  functions::AngleMode mAngleMode;
+  std::string mVarying;
+
+  std::unique_ptr<Program> mProgram;                    // null when no program expresses the list
+  std::vector<const identifiers::clsExNode*> mRecords;  // of the program's variables; null where missing
+  identifiers::clsExNode* mVaryingRecord = nullptr;
+  std::uint64_t mCompilations = 0;
+  std::uint64_t mSeenGeneration = 0;
+  std::uint64_t mSeenChanges = 0;
+  bool mReady = false;
+};
+
+}  // namespace plotvane::engine
