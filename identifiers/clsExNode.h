@@ -21,7 +21,7 @@ class clsExNode : public std::enable_shared_from_this<clsExNode> {
   bool RightExists = false;
   bool LeftExists = false;
 
-  std::string Id;  // the key of the tree, as spelled when stored; changed only through the table
+  std::string Id;  // the key of the tree, as spelled when stored
   platform::Value Value;
   std::optional<std::int32_t> Flags;  // the type code, see clsVarTable; nothing in a node that only has a key
   std::string Description;
@@ -41,6 +41,7 @@ class clsExNode : public std::enable_shared_from_this<clsExNode> {
  private:
   friend class clsNodeTable;
 
+  std::string mKey;              // in a table: the lower-case Id it was added with
   clsExNode* mParent = nullptr;  // nothing for the head and for a node outside a table
 };
 

@@ -127,12 +127,12 @@ clsNodeTable::Index::const_iterator clsNodeTable::FindKey(std::string_view id) c
   const auto after = mIndex.upper_bound(id);
   if (after == mIndex.begin()) return mIndex.end();
   const auto last = std::prev(after);
-  return CompareKeys((*last)->Id, id) == 0 ? last : mIndex.end();
+  return CompareKey((*last)->mKey, id) == 0 ? last : mIndex.end();
 }
 
 // A node that a search found is the last of its equals, so the walk begins there.
 clsNodeTable::Index::const_iterator clsNodeTable::FindNode(const clsExNode& node) const noexcept {
-  const auto [first, last] = mIndex.equal_range(std::string_view(node.Id));
+  const auto [first, last] = mIndex.equal_range(std::string_view(node.mKey));
   for (auto place = last; place != first;) {
     --place;
     if (place->get() == &node) return place;
@@ -149,20 +149,19 @@ const std::shared_ptr<clsExNode>& clsNodeTable::NodeAbove(Index::const_iterator 
 }
 
 // Before the keys equal to it: an equal key counts as larger than the new one.
-void clsNodeTable::Insert(const std::string& key) {
-  if (!HasNodes()) {
-    mHead->Id = key;
-    mIndex.insert(mHead);
-    CurrentNode = mHead;
-    return;
+void clsNodeTable::Insert(const std::string& id) {
+  const auto node = HasNodes() ? std::make_shared<clsExNode>() : mHead;
+  node->Id = id;
+  node->mKey = platform::LowerCaseText(id);
+  const auto place = mIndex.lower_bound(id);
+  if (HasNodes()) {
+    clsExNode& parent = *NodeAbove(place);
+    const bool before = place != mIndex.end() && place->get() == &parent;
+    mIndex.insert(place, node);
+    SetChild(parent, before ? Side::Left : Side::Right, node.get());
+  } else {
+    mIndex.insert(node);
   }
-  const auto node = std::make_shared<clsExNode>();
-  node->Id = key;
-  const auto place = mIndex.lower_bound(key);
-  const std::shared_ptr<clsExNode>& parent = NodeAbove(place);
-  const bool below = place != mIndex.end() && parent == *place;
-  mIndex.insert(place, node);
-  SetChild(*parent, below ? Side::Left : Side::Right, node.get());
   CurrentNode = node;
 }
 
@@ -209,7 +208,7 @@ std::string clsNodeTable::Check() const {
   for (const auto& indexed : mIndex) {
     if (node != indexed.get()) return "tree and index differ at " + indexed->Id;
     if (std::string fault = CheckNode(*node); !fault.empty()) return fault;
-    const int order = before == nullptr ? -1 : CompareKeys(before->Id, node->Id);
+    const int order = before == nullptr ? -1 : before->mKey.compare(node->mKey);
     if (order > 0) return "wrong order at " + node->Id;
     if (order == 0 && before->RightExists) return "an equal key to the right: " + node->Id;
     before = node;

@@ -32,7 +32,8 @@ class clsNodeTable {
   clsNodeTable& operator=(const clsNodeTable&) = delete;
 
   // The cursor: the node found, inserted or reached by the last operation. Never nothing; in a new table it
-  // is a spare node outside the tree. It may be read and its data changed, but not its Id nor its links.
+  // is a spare node outside the tree. Its data may be read and changed, its links only read; a node whose Id
+  // is changed this way is still found under the key it was added with.
   std::shared_ptr<clsExNode> CurrentNode;
 
   bool AllowDuplicateId = false;
@@ -111,9 +112,9 @@ class clsNodeTable {
   struct KeyOrder {
     using is_transparent = void;
     using Node = std::shared_ptr<clsExNode>;
-    bool operator()(const Node& a, const Node& b) const noexcept { return CompareKeys(a->Id, b->Id) < 0; }
-    bool operator()(const Node& a, std::string_view b) const noexcept { return CompareKeys(a->Id, b) < 0; }
-    bool operator()(std::string_view a, const Node& b) const noexcept { return CompareKeys(a, b->Id) < 0; }
+    bool operator()(const Node& a, const Node& b) const noexcept { return a->mKey < b->mKey; }
+    bool operator()(const Node& a, std::string_view id) const noexcept { return CompareKey(a->mKey, id) < 0; }
+    bool operator()(std::string_view id, const Node& b) const noexcept { return CompareKey(b->mKey, id) > 0; }
   };
   // In the order of the tree from left to right; equal keys in that order too.
   using Index = std::multiset<std::shared_ptr<clsExNode>, KeyOrder>;
@@ -124,7 +125,7 @@ class clsNodeTable {
   [[nodiscard]] Index::const_iterator FindNode(const clsExNode& node) const noexcept;
   // The node below which plain insertion attaches a key that belongs before `place`; the table has nodes.
   [[nodiscard]] const std::shared_ptr<clsExNode>& NodeAbove(Index::const_iterator place) const noexcept;
-  void Insert(const std::string& key);
+  void Insert(const std::string& id);
   [[nodiscard]] clsExNode* JoinChildren(clsExNode& node, Side winner);
   void FindFoot(clsExNode& start, Side side);
   void Collect(std::span<const std::int32_t> flagTypes);

@@ -9,17 +9,17 @@
 
 namespace plotvane::identifiers {
 
-// Below, at or above 0 when `a` comes before, is the same key as, or comes after `b`. Letter case (of ASCII)
-// does not count, the locale neither; nothing is copied.
-[[nodiscard]] constexpr int CompareKeys(std::string_view a, std::string_view b) noexcept {
-  const std::size_t shared = std::min(a.size(), b.size());
+// Below, at or above 0 when `key`, which is in lower case, comes before, is, or comes after the key of `id`,
+// whose letter case does not count (nor does the locale). Nothing is copied.
+[[nodiscard]] constexpr int CompareKey(std::string_view key, std::string_view id) noexcept {
+  const std::size_t shared = std::min(key.size(), id.size());
   for (std::size_t i = 0; i < shared; ++i) {
-    const auto x = static_cast<unsigned char>(platform::LowerCase(a[i]));
-    const auto y = static_cast<unsigned char>(platform::LowerCase(b[i]));
+    const auto x = static_cast<unsigned char>(key[i]);
+    const auto y = static_cast<unsigned char>(platform::LowerCase(id[i]));
     if (x != y) return x < y ? -1 : 1;
   }
-  if (a.size() == b.size()) return 0;
-  return a.size() < b.size() ? -1 : 1;
+  if (key.size() == id.size()) return 0;
+  return key.size() < id.size() ? -1 : 1;
 }
 
 }  // namespace plotvane::identifiers

@@ -232,6 +232,19 @@ TEST(NodeTable, keeps_the_spelling_of_an_added_node_even_when_keys_are_lowered) 
   EXPECT_EQ(table.HeadNode()->Id, "Ab");
 }
 
+TEST(NodeTable, keeps_a_node_whose_id_was_changed_under_its_old_key) {
+  clsNodeTable table;
+  AddKeys(table, {"m", "d", "t"});
+  (void)table.Search("d");
+  table.CurrentNode->Id = "zebra";
+  EXPECT_TRUE(table.Search("D"));
+  EXPECT_FALSE(table.Search("zebra"));
+  AddKeys(table, {"e", "z"});
+  EXPECT_EQ(table.Check(), "");
+  EXPECT_TRUE(table.Remove("d"));
+  EXPECT_EQ(TableShape(table), "m(e t(. z))");
+}
+
 TEST(NodeTable, a_node_that_outlives_its_table_has_no_links) {
   std::shared_ptr<clsExNode> kept;
   {
