@@ -3,7 +3,7 @@ function(plotvane_warnings target)
   target_compile_options(${target} PRIVATE
     -Wall -Wextra -Wpedantic -Werror
     -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Woverloaded-virtual
-    -Wcast-align -Wnull-dereference -Wimplicit-fallthrough -Wundef)
+    -Wcast-align -Wimplicit-fallthrough -Wundef)
   if(NOT WIN32)
     # COM interfaces have no virtual destructors by design; the portable folders are checked natively.
     target_compile_options(${target} PRIVATE -Wnon-virtual-dtor)
