@@ -1,0 +1,104 @@
+#include "hosts/desktop/control_host.h"
+
+#include "hosts/desktop/control_site.h"
+#include "hosts/desktop/event_sink.h"
+#include "platform/runtime_error.h"
+
+namespace plotvane::desktop {
+
+using Microsoft::WRL::ComPtr;
+
+namespace {
+
+// The control is found through the manifest of this program, or else through the registry.
+ComPtr<IUnknown> CreateControl() {
+  ComPtr<IUnknown> control;
+  const HRESULT status =
+      ::CoCreateInstance(CLSID_Graph, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(control.GetAddressOf()));
+  if (SUCCEEDED(status)) return control;
+  throw platform::RunTimeError(
+      status,
+      "The graph control cannot be made. Put Plotvane.ocx and its manifest beside this program, or register it "
+      "once with: regsvr32 Plotvane.ocx");
+}
+
+void Check(HRESULT status, const char* what) {
+  if (FAILED(status)) throw platform::RunTimeError(status, what);
+}
+
+}  // namespace
+
+ControlHost::ControlHost(HWND window, std::function<RECT()> bounds, std::function<void()> plotDone)
+    : mWindow(window), mBounds(std::move(bounds)) {
+  const ComPtr<IUnknown> control = CreateControl();
+  Check(control.As(&mGraph), "The control does not answer to its interface.");
+  Check(control.As(&mObject), "The control cannot be shown in a window.");
+  mSite.Attach(new ControlSite(window, mBounds));
+  mObject->SetClientSite(mSite.Get());
+  const RECT place = mBounds();
+  Check(mObject->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, mSite.Get(), 0, window, &place),
+        "The control cannot be activated.");
+  Resize();
+  Connect(std::move(plotDone));
+}
+
+ControlHost::~ControlHost() {
+  if (mEvents) mEvents->Unadvise(mEventCookie);
+  if (const ComPtr<IOleObject> object = mObject) {
+    object->Close(OLECLOSE_NOSAVE);
+    object->SetClientSite(nullptr);
+  }
+  if (mSite) mSite->Detach();
+}
+
+void ControlHost::Connect(std::function<void()> plotDone) {
+  ComPtr<IConnectionPointContainer> container;
+  if (FAILED(mGraph.As(&container))) return;
+  if (FAILED(container->FindConnectionPoint(DIID___Graph, mEvents.GetAddressOf()))) return;
+  ComPtr<IDispatch> sink;
+  sink.Attach(new EventSink(DIID___Graph, std::move(plotDone)));
+  if (FAILED(mEvents->Advise(sink.Get(), &mEventCookie))) mEvents.Reset();
+}
+
+void ControlHost::Resize() {
+  ComPtr<IOleInPlaceObject> place;
+  if (FAILED(mObject.As(&place))) return;
+  const RECT bounds = mBounds();
+  place->SetObjectRects(&bounds, &bounds);
+}
+
+bool ControlHost::TranslateKey(MSG& message) {
+  if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
+  const HWND focus = ::GetFocus();
+  HWND inside = nullptr;
+  ComPtr<IOleInPlaceObject> place;
+  if (SUCCEEDED(mObject.As(&place))) place->GetWindow(&inside);
+  if (inside != nullptr && (focus == inside || ::IsChild(inside, focus) != FALSE)) {
+    const ComPtr<IOleInPlaceActiveObject> active = mSite->ActiveObject();
+    if (active && active->TranslateAccelerator(&message) == S_OK) return true;
+  }
+  return TranslateMnemonic(message);
+}
+
+bool ControlHost::TranslateMnemonic(MSG& message) {
+  if (message.message != WM_SYSKEYDOWN && message.message != WM_SYSCHAR) return false;
+  ComPtr<IOleControl> control;
+  if (FAILED(mObject.As(&control))) return false;
+  CONTROLINFO info{};
+  info.cb = sizeof info;
+  if (control->GetControlInfo(&info) != S_OK || info.cAccel == 0) return false;
+  WORD command = 0;
+  if (::IsAccelerator(info.hAccel, info.cAccel, &message, &command) == FALSE) return false;
+  return SUCCEEDED(control->OnMnemonic(&message));
+}
+
+HRESULT ControlHost::Draw(HDC device, const RECT& place) {
+  ComPtr<IViewObject> view;
+  if (const HRESULT status = mObject.As(&view); FAILED(status)) return status;
+  const RECTL bounds{place.left, place.top, place.right, place.bottom};
+  const bool metafile = ::GetObjectType(device) == OBJ_ENHMETADC;
+  return view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, device, &bounds,
+                    metafile ? &bounds : nullptr, nullptr, 0);
+}
+
+}  // namespace plotvane::desktop

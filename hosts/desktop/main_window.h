@@ -1,0 +1,89 @@
+// MainWindow: the desktop host's one window: functions and calculator on the left, the control filling the rest.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "hosts/desktop/calculator_panel.h"
+#include "hosts/desktop/commands.h"
+#include "hosts/desktop/control_host.h"
+#include "hosts/desktop/function_document.h"
+#include "hosts/desktop/function_panel.h"
+#include "hosts/desktop/late_bound.h"
+
+namespace plotvane::desktop {
+
+class MainWindow {
+ public:
+  // Makes the window with sample functions, or with those of the file named `file` when it is not empty. Throws
+  // platform::RunTimeError with a text for the user when the control cannot be made.
+  explicit MainWindow(const std::wstring& file);
+  ~MainWindow();
+  MainWindow(const MainWindow&) = delete;
+  MainWindow& operator=(const MainWindow&) = delete;
+
+  void Show(int how);
+
+  // Keys that belong to the window, the control or a menu; true when the message is done with.
+  bool TranslateMessage(MSG& message);
+
+ private:
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
+  LRESULT Handle(UINT message, WPARAM wide, LPARAM longer);
+  void OnSize();
+  void OnDpiChanged(int dpi, const RECT& suggested);
+  void OnCommand(WPARAM wide);
+  void OnMenuOpens();
+  void OnClose();
+
+  void Run(Command command);
+  void Perform(Command command);
+  void NewDocument();
+  void OpenDocument();
+  bool SaveDocument();
+  bool SaveDocumentAs();
+  void OpenVariables();
+  bool SaveVariables();
+  void SavePicture(bool png);
+  void SetDegrees(bool on);
+  void SetNumberMode(Command command);
+  void AskFixedPlaces();
+  void ToggleToolBar();
+
+  // True when nothing is lost: saved, not changed, or the user said so.
+  [[nodiscard]] bool MayLoseDocument();
+  [[nodiscard]] bool MayLoseVariables();
+
+  void HandFunctionsOver();
+  void DocumentReplaced();
+  void Plot();
+  void PlotAfresh();
+  void VariablesMayHaveChanged();
+  void ShowVariables();
+  void ShowTitle();
+  void MakeFont();
+  void ShowError(const std::string& text);
+  [[nodiscard]] RECT ControlBounds() const;
+  [[nodiscard]] SIZE ControlSize() const;
+  [[nodiscard]] IDispatch& VariableTable();
+
+  HWND mWindow = nullptr;
+  HACCEL mAccelerators = nullptr;
+  HFONT mFont = nullptr;
+  Scale mScale;
+  FunctionDocument mDocument;
+  std::unique_ptr<ControlHost> mControl;
+  ComPtr<IDispatch> mTable;
+  std::unique_ptr<Calculator> mCalculator;
+  std::unique_ptr<engine::clsExp> mChecker;  // checks equations, apart from the calculator's settings
+  std::unique_ptr<FunctionPanel> mFunctions;
+  std::unique_ptr<CalculatorPanel> mCalculations;
+  std::vector<std::string> mVariables;       // as listed last
+  std::vector<std::string> mSavedVariables;  // as they stand in their file
+  Command mNumberMode = Command::Decimal;
+};
+
+}  // namespace plotvane::desktop

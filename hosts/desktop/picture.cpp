@@ -1,0 +1,183 @@
+#include "hosts/desktop/picture.h"
+
+#include <commdlg.h>
+#include <wincodec.h>
+
+#include <memory>
+#include <system_error>
+#include <type_traits>
+
+#include "platform/runtime_error.h"
+
+namespace plotvane::desktop {
+
+using Microsoft::WRL::ComPtr;
+
+namespace {
+
+struct CloseDevice {
+  void operator()(HDC device) const { ::DeleteDC(device); }
+};
+struct CloseObject {
+  void operator()(void* object) const { ::DeleteObject(object); }
+};
+struct CloseMetafile {
+  void operator()(HENHMETAFILE metafile) const { ::DeleteEnhMetaFile(metafile); }
+};
+template <typename Handle, typename Close>
+using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, Close>;
+using OwnedDevice = Owned<HDC, CloseDevice>;
+using OwnedBitmap = Owned<HBITMAP, CloseObject>;
+using OwnedMetafile = Owned<HENHMETAFILE, CloseMetafile>;
+
+void Check(HRESULT status, const char* what) {
+  if (FAILED(status)) throw platform::RunTimeError(status, what);
+}
+
+void Require(bool fine, const char* what) {
+  if (!fine) throw platform::RunTimeError(HRESULT_FROM_WIN32(::GetLastError()), what);
+}
+
+// The picture in a bitmap of 32 bits a pixel, top row first.
+OwnedBitmap DrawBitmap(ControlHost& control, SIZE pixels) {
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = pixels.cx;
+  info.bmiHeader.biHeight = -pixels.cy;
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  info.bmiHeader.biCompression = BI_RGB;
+  void* bits = nullptr;
+  OwnedBitmap bitmap(::CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+  OwnedDevice device(::CreateCompatibleDC(nullptr));
+  Require(bitmap && device, "There is not enough memory for the picture.");
+  const HGDIOBJ before = ::SelectObject(device.get(), bitmap.get());
+  const RECT place{0, 0, pixels.cx, pixels.cy};
+  ::FillRect(device.get(), &place, ::GetSysColorBrush(COLOR_WINDOW));
+  const HRESULT drawn = control.Draw(device.get(), place);
+  ::GdiFlush();
+  ::SelectObject(device.get(), before);
+  Check(drawn, "The control could not draw its picture.");
+  return bitmap;
+}
+
+// The picture as vectors; to a file when `file` is not null.
+OwnedMetafile DrawMetafile(ControlHost& control, SIZE pixels, const wchar_t* file) {
+  const HDC screen = ::GetDC(nullptr);
+  // The frame of a metafile is in 1/100 mm.
+  const RECT frame{0, 0,
+                   ::MulDiv(static_cast<int>(pixels.cx), 100 * ::GetDeviceCaps(screen, HORZSIZE),
+                            ::GetDeviceCaps(screen, HORZRES)),
+                   ::MulDiv(static_cast<int>(pixels.cy), 100 * ::GetDeviceCaps(screen, VERTSIZE),
+                            ::GetDeviceCaps(screen, VERTRES))};
+  const HDC device = ::CreateEnhMetaFileW(screen, file, &frame, L"Plotvane\0Graph\0");
+  ::ReleaseDC(nullptr, screen);
+  Require(device != nullptr, "The metafile cannot be made.");
+  const HRESULT drawn = control.Draw(device, {0, 0, pixels.cx, pixels.cy});
+  OwnedMetafile metafile(::CloseEnhMetaFile(device));
+  Check(drawn, "The control could not draw its picture.");
+  Require(metafile != nullptr, "The metafile cannot be written.");
+  return metafile;
+}
+
+// What is written goes beside the file first and takes its place when it is whole.
+template <typename Write>
+void WriteBeside(const std::filesystem::path& file, Write write) {
+  std::filesystem::path beside = file;
+  beside += L".new";
+  std::error_code status;
+  try {
+    write(beside);
+    std::filesystem::rename(beside, file, status);
+    if (status) throw platform::RunTimeError(status.value(), "The file cannot be replaced: " + status.message());
+  } catch (...) {
+    std::filesystem::remove(beside, status);
+    throw;
+  }
+}
+
+void EncodePng(HBITMAP bitmap, SIZE pixels, const std::filesystem::path& file) {
+  ComPtr<IWICImagingFactory> factory;
+  Check(::CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
+                           IID_PPV_ARGS(factory.GetAddressOf())),
+        "This system cannot write PNG pictures.");
+  ComPtr<IWICBitmap> source;
+  Check(factory->CreateBitmapFromHBITMAP(bitmap, nullptr, WICBitmapIgnoreAlpha, source.GetAddressOf()),
+        "There is not enough memory for the picture.");
+  ComPtr<IWICStream> stream;
+  Check(factory->CreateStream(stream.GetAddressOf()), "The file cannot be written.");
+  Check(stream->InitializeFromFilename(file.c_str(), GENERIC_WRITE), "The file cannot be written.");
+  ComPtr<IWICBitmapEncoder> encoder;
+  Check(factory->CreateEncoder(GUID_ContainerFormatPng, nullptr, encoder.GetAddressOf()),
+        "This system cannot write PNG pictures.");
+  Check(encoder->Initialize(stream.Get(), WICBitmapEncoderNoCache), "The file cannot be written.");
+  ComPtr<IWICBitmapFrameEncode> frame;
+  Check(encoder->CreateNewFrame(frame.GetAddressOf(), nullptr), "The file cannot be written.");
+  Check(frame->Initialize(nullptr), "The file cannot be written.");
+  Check(frame->SetSize(static_cast<UINT>(pixels.cx), static_cast<UINT>(pixels.cy)), "The file cannot be written.");
+  WICPixelFormatGUID format = GUID_WICPixelFormat24bppBGR;
+  Check(frame->SetPixelFormat(&format), "The file cannot be written.");
+  Check(frame->WriteSource(source.Get(), nullptr), "The file cannot be written.");
+  Check(frame->Commit(), "The file cannot be written.");
+  Check(encoder->Commit(), "The file cannot be written.");
+}
+
+// The largest rectangle of the picture's proportions at the top of the page.
+RECT FitPage(HDC printer, SIZE pixels) {
+  const int width = ::GetDeviceCaps(printer, HORZRES);
+  const int height = ::GetDeviceCaps(printer, VERTRES);
+  RECT place{0, 0, width, ::MulDiv(width, static_cast<int>(pixels.cy), static_cast<int>(pixels.cx))};
+  if (place.bottom > height) {
+    place.right = ::MulDiv(height, static_cast<int>(pixels.cx), static_cast<int>(pixels.cy));
+    place.bottom = height;
+  }
+  return place;
+}
+
+}  // namespace
+
+void CopyPicture(HWND owner, ControlHost& control, SIZE pixels) {
+  OwnedBitmap bitmap = DrawBitmap(control, pixels);
+  OwnedMetafile metafile = DrawMetafile(control, pixels, nullptr);
+  Require(::OpenClipboard(owner) != FALSE, "The clipboard is in use by another program.");
+  ::EmptyClipboard();
+  // From here on the clipboard owns what it took.
+  if (::SetClipboardData(CF_ENHMETAFILE, metafile.get()) != nullptr) static_cast<void>(metafile.release());
+  if (::SetClipboardData(CF_BITMAP, bitmap.get()) != nullptr) static_cast<void>(bitmap.release());
+  ::CloseClipboard();
+}
+
+void SavePng(ControlHost& control, SIZE pixels, const std::filesystem::path& file) {
+  const OwnedBitmap bitmap = DrawBitmap(control, pixels);
+  WriteBeside(file, [&](const std::filesystem::path& beside) { EncodePng(bitmap.get(), pixels, beside); });
+}
+
+void SaveEmf(ControlHost& control, SIZE pixels, const std::filesystem::path& file) {
+  WriteBeside(file, [&](const std::filesystem::path& beside) {
+    static_cast<void>(DrawMetafile(control, pixels, beside.c_str()));
+  });
+}
+
+void PrintPicture(HWND owner, ControlHost& control, SIZE pixels, const std::wstring& title) {
+  PRINTDLGW dialog{};
+  dialog.lStructSize = sizeof dialog;
+  dialog.hwndOwner = owner;
+  dialog.Flags = PD_RETURNDC | PD_NOPAGENUMS | PD_NOSELECTION | PD_USEDEVMODECOPIESANDCOLLATE;
+  if (::PrintDlgW(&dialog) == FALSE) {
+    if (::CommDlgExtendedError() == 0) return;
+    throw platform::RunTimeError(E_FAIL, "No printer can be used.");
+  }
+  ::GlobalFree(dialog.hDevMode);
+  ::GlobalFree(dialog.hDevNames);
+  const OwnedDevice printer(dialog.hDC);
+  DOCINFOW document{};
+  document.cbSize = sizeof document;
+  document.lpszDocName = title.c_str();
+  Require(::StartDocW(printer.get(), &document) > 0 && ::StartPage(printer.get()) > 0, "Printing cannot start.");
+  const HRESULT drawn = control.Draw(printer.get(), FitPage(printer.get(), pixels));
+  ::EndPage(printer.get());
+  ::EndDoc(printer.get());
+  Check(drawn, "The control could not draw its picture.");
+}
+
+}  // namespace plotvane::desktop
