@@ -1,0 +1,56 @@
+# What `cmake --install` and the packages contain.
+#
+# Linux: the command (with its data files in one folder, and a link to it from bin), the library with its public
+# headers, a CMake package and a pkg-config file. Windows: the control and its desktop host with everything that
+# a host programmer needs beside them.
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+set(plotvane_element_data
+  "${PROJECT_SOURCE_DIR}/identifiers/data/PTE Names.dat"
+  "${PROJECT_SOURCE_DIR}/identifiers/data/PTE Symbols.dat"
+  "${PROJECT_SOURCE_DIR}/identifiers/data/PTE Weights.dat")
+
+if(WIN32)
+  if(NOT TARGET Plotvane)
+    return()
+  endif()
+  install(TARGETS Plotvane RUNTIME DESTINATION . COMPONENT control)
+  install(TARGETS PlotvaneHost RUNTIME DESTINATION . COMPONENT control)
+  install(FILES ${plotvane_element_data} DESTINATION . COMPONENT control)
+  return()
+endif()
+
+# The program finds its data files beside itself, so both live in a folder of their own.
+set(plotvane_program_dir ${CMAKE_INSTALL_LIBDIR}/plotvane)
+install(TARGETS plotvane_program RUNTIME DESTINATION ${plotvane_program_dir} COMPONENT program)
+install(FILES ${plotvane_element_data} DESTINATION ${plotvane_program_dir} COMPONENT program)
+file(RELATIVE_PATH plotvane_link_target
+  /${CMAKE_INSTALL_BINDIR} /${plotvane_program_dir}/plotvane)
+file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/link)
+file(CREATE_LINK ${plotvane_link_target} ${PROJECT_BINARY_DIR}/link/plotvane SYMBOLIC)
+install(FILES ${PROJECT_BINARY_DIR}/link/plotvane DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
+install(FILES hosts/terminal/plotvane.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program)
+
+# Headers say "engine/clsExp.h" among themselves; users say <plotvane/engine/clsExp.h>. Both are found.
+foreach(folder platform identifiers functions functions/kernels engine graph control)
+  file(GLOB headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.h)
+  install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/plotvane/${folder} COMPONENT library)
+endforeach()
+target_include_directories(plotvane INTERFACE
+  $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
+  $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/plotvane>)
+install(TARGETS plotvane EXPORT PlotvaneTargets
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library)
+
+set(plotvane_config_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Plotvane)
+install(EXPORT PlotvaneTargets NAMESPACE Plotvane:: FILE PlotvaneConfig.cmake
+  DESTINATION ${plotvane_config_dir} COMPONENT library)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/PlotvaneConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/PlotvaneConfigVersion.cmake DESTINATION ${plotvane_config_dir} COMPONENT library)
+
+# The pkg-config file names its prefix from where it lies, so that an unpacked tree works anywhere.
+file(RELATIVE_PATH plotvane_pc_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "/$" "" plotvane_pc_prefix "${plotvane_pc_prefix}")
+configure_file(cmake/plotvane.pc.in plotvane.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/plotvane.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT library)
