@@ -89,7 +89,7 @@ void Plotter::PlotAllY() {
 }
 
 void Plotter::DrawEverything(const Canvas& canvas) {
-  canvas.Surface().Clear();
+  if (canvas.Live()) canvas.Surface().Clear();
   if (canvas.Live()) canvas.Surface().SetPersistentDrawing(true);
   SavedVariable x(mExpression.GetVarTable(), "x");
   DrawAxes(mWindow, canvas);

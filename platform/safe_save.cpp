@@ -18,10 +18,18 @@ fs::path BehindLinks(const fs::path& path) {
   return error ? path : target;
 }
 
+fs::path UnusedBeside(const fs::path& target) {
+  std::error_code error;
+  fs::path unused = target;
+  do unused += ".new";
+  while (fs::exists(unused, error));
+  return unused;
+}
+
 // The file that is being written; removed unless it takes the place of the old one.
 class NewFile {
  public:
-  explicit NewFile(fs::path target) : mTarget(std::move(target)), mPath(mTarget) { mPath += ".new"; }
+  explicit NewFile(fs::path target) : mTarget(std::move(target)), mPath(UnusedBeside(mTarget)) {}
   ~NewFile() {
     std::error_code error;
     if (!mPlaced) fs::remove(mPath, error);
@@ -31,9 +39,8 @@ class NewFile {
 
   [[nodiscard]] std::string PathText() const { return TextFromPath(mPath); }
 
-  void TakePlace() {
+  void TakePlace(const fs::file_status& old) {
     std::error_code error;
-    const fs::file_status old = fs::status(mTarget, error);
     if (fs::exists(old)) fs::permissions(mPath, old.permissions(), error);
     fs::rename(mPath, mTarget, error);
     if (error) throw RunTimeError(StandardError::PathFileAccess);
@@ -51,10 +58,14 @@ class NewFile {
 void SaveSafely(std::string_view path, const std::function<void(const std::string& newPath)>& write) {
   const fs::path target = BehindLinks(PathFromText(path));
   std::error_code error;
-  if (fs::exists(target, error) && !fs::is_regular_file(target, error)) return write(std::string(path));
+  const fs::file_status old = fs::status(target, error);
+  if (fs::exists(old) && !fs::is_regular_file(old)) return write(std::string(path));
+  if (fs::exists(old) && (old.permissions() & fs::perms::owner_write) == fs::perms::none) {
+    throw RunTimeError(StandardError::PathFileAccess);
+  }
   NewFile file(target);
   write(file.PathText());
-  file.TakePlace();
+  file.TakePlace(old);
 }
 
 }  // namespace plotvane::platform

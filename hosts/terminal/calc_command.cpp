@@ -1,6 +1,7 @@
 #include "hosts/terminal/calc_command.h"
 
 #include <CLI/CLI.hpp>
+#include <cstdint>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -12,6 +13,7 @@
 #include "hosts/terminal/line_input.h"
 #include "identifiers/clsVarTable.h"
 #include "platform/runtime_error.h"
+#include "platform/safe_save.h"
 
 namespace plotvane::terminal {
 
@@ -21,7 +23,7 @@ struct CalcOptions {
   std::string mode = "decimal";
   int places = 0;
   bool degrees = false;
-  std::string variables;  // path of a file of identifiers
+  std::string variables;  // path of a file of identifiers; empty without one
   bool chemistry = false;
   ReportForm report = ReportForm::Text;
   bool numeric = false;
@@ -35,10 +37,9 @@ class Calculator {
  public:
   // RunTimeError when a file cannot be read.
   explicit Calculator(const CalcOptions& options) : mReport(options.report), mReplay(options.replay) {
-    mExpression.CreateNewVarTable();
-    auto table = std::dynamic_pointer_cast<identifiers::clsVarTable>(mExpression.GetVarTable());
-    if (options.chemistry) table->LoadOriginalChemData();
-    if (!options.variables.empty()) table->LoadTypeFromFile(options.variables);
+    mExpression.SetVarTable(mTable);
+    if (options.chemistry) mTable->LoadOriginalChemData();
+    if (!options.variables.empty()) LoadVariables(options.variables);
     mExpression.SetFormatMode(options.mode);
     mExpression.SetFixedDecimalPlaces(platform::Value(static_cast<double>(options.places)));
     mExpression.SetDegreeMode(options.degrees);
@@ -56,15 +57,32 @@ class Calculator {
     }
   }
 
+  // Saves the ordinary variables. RunTimeError when they cannot be written; the old file then stays as it is.
+  void SaveVariables(const std::string& path) {
+    platform::SaveSafely(path, [this](const std::string& newPath) {
+      mTable->SaveTypeToFile(identifiers::kVariableType, newPath);
+    });
+  }
+
   [[nodiscard]] int Status() const noexcept { return mAllWell ? kAllWell : kSomethingFailed; }
 
  private:
+  // A file that is not there yet holds no variables; saving makes it.
+  void LoadVariables(const std::string& path) {
+    try {
+      mTable->LoadTypeFromFile(path);
+    } catch (const platform::RunTimeError& error) {
+      if (error.Number() != static_cast<std::int32_t>(platform::StandardError::FileNotFound)) throw;
+    }
+  }
+
   bool Evaluate(const std::string& line, platform::Value& result) {
     if (!mReplay) return mExpression.Evaluate(line, result);
     mExpression.EvaluateThenSavePreParsedExpression(line, result);
     return mExpression.EvaluateCurrentPreParsedExpression(result);
   }
 
+  std::shared_ptr<identifiers::clsVarTable> mTable = std::make_shared<identifiers::clsVarTable>();
   engine::clsExp mExpression;
   ReportForm mReport;
   bool mReplay;
@@ -79,6 +97,7 @@ int RunCalc(const CalcOptions& options) {
       while (const auto line = input->Next()) calculator.Calculate(*line);
     }
     for (const std::string& expression : options.expressions) calculator.Calculate(expression);
+    if (!options.variables.empty()) calculator.SaveVariables(options.variables);
     std::cout.flush();
     return std::cout ? calculator.Status() : kSomethingFailed;
   } catch (const platform::RunTimeError& error) {
@@ -98,7 +117,10 @@ void AddCalcCommand(CLI::App& program, int& status) {
   command->add_option("--places", options->places, "Decimal places of fixed mode, -100 to 127")
       ->check(CLI::Range(-100, 127));
   command->add_flag("--degrees", options->degrees, "Angles in degrees instead of radians");
-  command->add_option("--variables", options->variables, "Load identifiers from a file")->type_name("FILE");
+  command
+      ->add_option("--variables", options->variables,
+                   "Load identifiers from a file, save the variables to it")
+      ->type_name("FILE");
   command->add_flag("--chem", options->chemistry, "Know the symbols of the chemical elements");
   const std::map<std::string, ReportForm> forms{{"text", ReportForm::Text}, {"tsv", ReportForm::Tsv}};
   command->add_option("--report", options->report, "text, or tsv: ok and the result, err and the error")

@@ -4,6 +4,8 @@
 
 #include "hosts/terminal/calc_command.h"
 #include "hosts/terminal/exit_status.h"
+#include "hosts/terminal/plot_command.h"
+#include "hosts/terminal/table_command.h"
 
 namespace {
 
@@ -21,6 +23,8 @@ int main(int argc, char** argv) {
   program.require_subcommand(1);
   int status = 0;
   plotvane::terminal::AddCalcCommand(program, status);
+  plotvane::terminal::AddPlotCommand(program, status);
+  plotvane::terminal::AddTableCommand(program, status);
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

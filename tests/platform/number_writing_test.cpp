@@ -11,6 +11,7 @@
 #include <string>
 
 #include "platform/number_text.h"
+#include "tests/platform/temporary_directory.h"
 
 namespace plotvane::platform {
 namespace {
@@ -213,16 +214,44 @@ TEST(WholePatternText, has_no_point_and_no_exponent) {
   for (const auto& c : cases) EXPECT_EQ(WholePatternText(c.value), c.text);
 }
 
-TEST(NumberText, does_not_depend_on_the_locale) {
-  const std::string before = std::setlocale(LC_ALL, nullptr);
-  for (const char* name : {"de_DE.UTF-8", "German_Germany.1252", "fr_FR.UTF-8"}) {
-    if (std::setlocale(LC_ALL, name) == nullptr) continue;
-    EXPECT_EQ(NumberText(1234.5), "1234.5");
-    EXPECT_EQ(ShortestNumberText(1234.5), "1234.5");
-    EXPECT_EQ(WholeTextNumber("1234.5").Get(), 1234.5);
-    EXPECT_EQ(WholeTextNumber("1234,5").Error(), StandardError::TypeMismatch);
+// Makes a locale with a decimal comma current until it is destroyed; on Linux it compiles one for this
+// purpose.
+class CommaLocale {
+ public:
+  CommaLocale() {
+#ifdef __linux__
+    const std::string target = mDirectory.File("de_DE.UTF-8");
+    EXPECT_EQ(std::system(("localedef -i de_DE -f UTF-8 " + target).c_str()), 0);
+    ::setenv("LOCPATH", mDirectory.Path().c_str(), 1);
+    EXPECT_NE(std::setlocale(LC_ALL, "de_DE.UTF-8"), nullptr);
+#else
+    EXPECT_NE(std::setlocale(LC_ALL, "German_Germany.1252"), nullptr);
+#endif
   }
-  std::setlocale(LC_ALL, before.c_str());
+  ~CommaLocale() {
+    std::setlocale(LC_ALL, mBefore.c_str());
+  }
+  CommaLocale(const CommaLocale&) = delete;
+  CommaLocale& operator=(const CommaLocale&) = delete;
+
+ private:
+  std::string mBefore = std::setlocale(LC_ALL, nullptr);
+  tests::TemporaryDirectory mDirectory;
+};
+
+TEST(NumberText, does_not_depend_on_the_locale) {
+  const CommaLocale locale;
+  char commaText[16];
+  std::snprintf(commaText, sizeof commaText, "%g", 0.5);
+  ASSERT_STREQ(commaText, "0,5");
+  EXPECT_EQ(NumberText(1234.5), "1234.5");
+  EXPECT_EQ(NumberText(1234.5F), "1234.5");
+  EXPECT_EQ(ShortestNumberText(1234.5), "1234.5");
+  EXPECT_EQ(PointPatternText(1234.5, 2), "1234.5");
+  EXPECT_EQ(LeadingNumber("1234.5").Get(), 1234.5);
+  EXPECT_EQ(LeadingNumber("1234,5").Get(), 1234);
+  EXPECT_EQ(WholeTextNumber("1234.5").Get(), 1234.5);
+  EXPECT_EQ(WholeTextNumber("1234,5").Error(), StandardError::TypeMismatch);
 }
 
 }  // namespace

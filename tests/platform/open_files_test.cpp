@@ -206,6 +206,21 @@ TEST(SaveSafely, replaces_the_old_file_only_when_all_was_written) {
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(PathFromText(directory.Path())), {}), 2);
 }
 
+TEST(SaveSafely, leaves_other_files_and_protected_ones_alone) {
+  const TemporaryDirectory directory;
+  directory.Write("a.txt", "old");
+  directory.Write("a.txt.new", "somebody's");
+  const auto write = [](const std::string& path) { std::ofstream(PathFromText(path)) << "new"; };
+  SaveSafely(directory.File("a.txt"), write);
+  EXPECT_EQ(directory.Read("a.txt"), "new");
+  EXPECT_EQ(directory.Read("a.txt.new"), "somebody's");
+  namespace fs = std::filesystem;
+  fs::permissions(PathFromText(directory.File("a.txt.new")), fs::perms::owner_read);
+  EXPECT_EQ(RunTimeErrorNumber([&] { SaveSafely(directory.File("a.txt.new"), write); }), 75);
+  EXPECT_EQ(directory.Read("a.txt.new"), "somebody's");
+  fs::permissions(PathFromText(directory.File("a.txt.new")), fs::perms::all);
+}
+
 TEST(SaveSafely, hands_on_what_is_no_ordinary_file) {
   const TemporaryDirectory directory;
   std::string given;

@@ -1,0 +1,47 @@
+#include "hosts/terminal/equation.h"
+
+#include <utility>
+
+#include "functions/call_context.h"
+#include "hosts/terminal/calc_report.h"
+#include "platform/runtime_error.h"
+#include "platform/value.h"
+
+namespace plotvane::terminal {
+
+using functions::CustomError;
+using platform::Value;
+
+Equation::Equation(std::string text, bool degrees)
+    : mText(std::move(text)), mExpression(std::make_unique<engine::clsExp>()) {
+  mExpression->CreateNewVarTable();
+  mExpression->SetDegreeMode(degrees);
+  mExpression->SetAcceptNumericResultOnly(true);
+}
+
+std::optional<double> Equation::At(double x) {
+  if (!mExpression->GetVarTable()->Change("x", Value(x)))
+    throw platform::RunTimeError(platform::StandardError::PermissionDenied);
+  Value value;
+  const bool defined = mRecorded ? mExpression->EvaluateCurrentPreParsedExpression(value)
+                                 : mExpression->EvaluateThenSavePreParsedExpression(mText, value);
+  mRecorded = mRecorded || defined;
+  const platform::Outcome<double> number = value.ToNumber();
+  if (!defined || !number.Ok()) return std::nullopt;
+  return number.Get();
+}
+
+bool Equation::FailedByItself() {
+  switch (static_cast<CustomError>(mExpression->ErrObj().CustomErrorNum)) {
+    case CustomError::None:
+    case CustomError::UndefinedValue: return false;
+    default: return true;
+  }
+}
+
+std::string Equation::FailureText() {
+  const engine::clsStdErrObj& error = mExpression->ErrObj();
+  return OneLine(error.CustomErrorNum != 0 ? error.CustomErrorDescription : error.StandardErrorDescription);
+}
+
+}  // namespace plotvane::terminal
