@@ -28,8 +28,10 @@ class Session:
             self.shared, options.mode, options.places, degrees=options.degrees, numeric_only=options.numeric
         )
 
-    def load(self, path):
-        with open(path, "rb") as file:
+    def load_file(self):
+        if not self.options.variables:
+            return
+        with open(self.options.variables, "rb") as file:
             for name, value, kind in read_records(file.read()):
                 self.shared.table.load(name, value, kind)
 
@@ -38,10 +40,10 @@ class Session:
         self.inexactness.level = EXACT
         self.shared.work = 0
         try:
-            fields = ["ok", text_of(self._result(line.decode("utf-8", "surrogateescape")))]
+            fields = ["ok", text_of(self._result(line.decode("latin-1")))]
         except Failure as failure:
             fields = self._failed(failure)
-        return "\t".join(map(escaped, fields)).encode("utf-8", "surrogateescape")
+        return "\t".join(map(escaped, fields)).encode("latin-1")
 
     def _result(self, text):
         if not self.options.replay:
@@ -61,10 +63,10 @@ class Session:
         return ["err", *numbers, failure.standard_text(), failure.custom_text]
 
     def snapshot(self):
-        return dict(self.shared.table.records), self.mathematics.generator.state
+        return dict(self.shared.table.records), self.mathematics.generator.state, self.expression.radix
 
     def give_back(self, snapshot):
-        self.shared.table.records, self.mathematics.generator.state = dict(snapshot[0]), snapshot[1]
+        self.shared.table.records, self.mathematics.generator.state, self.expression.radix = snapshot
 
 
 def escaped(text):
@@ -96,8 +98,7 @@ def run_with_deep_stack(work):
 def main():
     options = option_parser().parse_args()
     session = Session(options)
-    if options.variables:
-        session.load(options.variables)
+    session.load_file()
     lines = [text.encode("utf-8", "surrogateescape") for text in options.expressions]
     failed = False
     for line in lines or (line.rstrip(b"\n") for line in sys.stdin.buffer):

@@ -12,9 +12,10 @@ import argparse
 import re
 import subprocess
 import sys
+import tempfile
 
 from calc_reference import Session, option_parser, run_with_deep_stack
-from generate_lines import LineGenerator, random_options
+from generate_lines import LineGenerator, random_options, variable_file
 from plotvane_reference.arithmetic import ELEMENTARY, EXACT, FINANCIAL
 from plotvane_reference.failure import TooMuchWork
 
@@ -29,6 +30,7 @@ TOLERANCES = {EXACT: 0.0, ELEMENTARY: 1e-14, FINANCIAL: 1e-9}
 def make_batch(generator, words, count):
     """Lines with what the reference reports for them and how exact that is; lines of too much work are left out."""
     session = Session(option_parser().parse_args(words), MOST_WORK)
+    session.load_file()
     batch = []
     for line in OPENING_LINES + [generator.line() for _ in range(count)]:
         before = session.snapshot()
@@ -75,12 +77,14 @@ def show(words, line, expected, actual):
         print(f"  {title + ':':11}{shown if len(shown) < 400 else shown[:200] + ' ... ' + shown[-200:]!r}")
 
 
-def compare(options):
+def compare(options, filed):
     """After the first difference of a batch the tables may differ, so only that one counts."""
     generator = LineGenerator(options.seed)
     lines = failures = 0
     while lines < options.lines and failures < options.show:
         words = random_options(generator)
+        generator.filed = generator.chance(0.3)
+        words += ["--variables", filed.name] if generator.filed else []
         batch = make_batch(generator, words, min(BATCH_LINES, options.lines - lines))
         lines += min(BATCH_LINES, options.lines - lines)
         for difference in differences(batch, run_program(options.program, words, [line for line, _, _ in batch])):
@@ -100,7 +104,10 @@ def main():
     parser.add_argument("--show", type=int, default=20, help="stop after so many differences")
     parser.add_argument("--every", action="store_true", help="go on in a batch after its first difference")
     options = parser.parse_args()
-    return run_with_deep_stack(lambda: compare(options))
+    with tempfile.NamedTemporaryFile("w", suffix=".txt") as filed:
+        filed.write(variable_file())
+        filed.flush()
+        return run_with_deep_stack(lambda: compare(options, filed))
 
 
 if __name__ == "__main__":

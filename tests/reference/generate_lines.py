@@ -6,6 +6,11 @@ import random
 import sys
 
 NAMES = ["x", "y", "k", "t", "a", "b_1", "_", "_t2", "e5", "ex", "Pi", "PI", "g", "gc", "cc", "True", "false", "nobody", "sinus"]
+# Names that a variable file holds, with their records' values and type codes.
+FILED = {
+    "word": ('"abc"', 2), "digits": ('" 12.5 "', 2), "nothing": ("", 2), "blank": ('""', 2), "yes": ("#TRUE#", 2),
+    "tiny": ("4.94065645841247E-324", 2), "fixed": ("2.5", 4), "kept": ("-3", 8), "both": ("1E+20", 12), "gc": ("7", 2), "x": ("#FALSE#", 2),
+}  # fmt: skip
 VARIABLES = ["x", "y", "k", "t", "a", "b_1"]
 BINARY = ["+", "-", "*", "/", "\\", "^", "e", "mod", "==", "<", ">", "<>", "<=", ">=", "and", "or", "xor", "eqv", "imp"]
 BRACKETS = ["()", "()", "()", "[]", "{}"]
@@ -39,6 +44,7 @@ class LineGenerator:
     def __init__(self, seed):
         self.random = random.Random(seed)
         self.choice = self.random.choice
+        self.filed = False  # whether lines name the variables of a file
 
     def chance(self, probability):
         return self.random.random() < probability
@@ -52,8 +58,10 @@ class LineGenerator:
             text = self.edge_case()
         elif kind < 0.90:
             text = self.damaged(self.statements() if self.chance(0.7) else self.edge_case())
-        elif kind < 0.985:
+        elif kind < 0.97:
             text = self.soup()
+        elif kind < 0.985:
+            text = self.race()
         elif kind < 0.99:
             text = self.deep()
         else:
@@ -83,7 +91,7 @@ class LineGenerator:
         return self.choice(["", "", "", " ", "  ", "\t"])
 
     def name(self):
-        name = self.choice(VARIABLES if self.chance(0.7) else NAMES)
+        name = self.choice(VARIABLES if self.chance(0.7) else NAMES + list(FILED) * self.filed)
         return name.upper() if self.chance(0.05) else name
 
     def literal(self):
@@ -247,6 +255,14 @@ class LineGenerator:
             pieces.append(self.choice(TOKENS) if self.chance(0.7) else self.choice(FUNCTIONS + NAMES + EDGES))
         return self.choice(["", "", " "]).join(pieces)
 
+    def race(self):
+        """A step that fails or stores, with another failure right behind it: which one comes first?"""
+        steps = ["171!", "1/0", "1e308*10", "++pi", "pi--", "k++", "--k", "5->pi", "5->k", "k=6", "pi=3", "ln(0)", "sin(1,2)", "sin()"]
+        steps += ["ss(1/0,k,1,2)", "ss(1e999,k,1,2)", "der(1/k,k,0)", "&B2", "1..2", "nobody", "not 1e10", "(1]", "sin(1]", "-(1e999)"]
+        steps += ["5->7", "++7", "rnd(1)", "7!!", "ss(k,1,2,3)", "tan(pi/2)", "(", "2^5000", "nder(2,k=3,k,1)", "1 and 1e11", "5%"]
+        tails = ["&z", "&", " 7", "->pi", "=4", "*1/0", "+nobody", "]", ",", "&B3", "!", ";&z", ";1", "; 1/0", " 2..3", "->9", "->k", ")"]
+        return self.choice(["", "", "k+", "abs(", "-", "2*(", "x="]) + self.choice(steps) + self.choice(tails) + self.choice(["", "", "&z"])
+
     def deep(self):
         """About the deepest nesting that is accepted."""
         depth = self.random.randint(1018, 1028)
@@ -274,6 +290,11 @@ def random_options(generator):
     if "fixed" in words and chance(0.9):
         words += ["--places", str(choice([0, 1, 2, 3, 5, 9, 14, 15, 16, 20, 127, -1, -2, -5, -100, generator.random.randint(-100, 127)]))]
     return words + [flag for flag in ("--degrees", "--numeric", "--graph", "--replay") if chance(0.3)]
+
+
+def variable_file():
+    """The text of a variable file with every kind of value and of access."""
+    return "".join(f'"{name}",{value},{kind},""\r\n' for name, (value, kind) in FILED.items())
 
 
 def main():

@@ -3,8 +3,8 @@
 from . import calculus, catalogue
 from .arithmetic import compare, logical, logical_not
 from .failure import Failure, TooMuchWork
-from .lexing import ListTokens, TextTokens, literal_value
-from .number_rules import binary_text, patterned_text, radix_text, text_of, to_number
+from .lexing import DECIMAL, ListTokens, TextTokens, literal_value
+from .number_rules import binary_text, is_numeric, patterned_text, radix_text, text_of, to_number
 
 DEEPEST_NESTING = 1024
 PARTNERS = {"(": ")", "[": "]", "{": "}"}
@@ -40,6 +40,7 @@ class Expression:
         self.places = places
         self.degrees = degrees
         self.numeric_only = numeric_only
+        self.radix = DECIMAL  # of the last number read, whichever evaluation read it
 
     @property
     def table(self):
@@ -67,7 +68,7 @@ class Expression:
                 result = text_of(result) + " : " + text_of(self._formatted_statement())
         if self.kind:
             raise self._error(1)
-        if self.numeric_only and isinstance(result, str):
+        if self.numeric_only and not is_numeric(result):
             raise self._error(8)
         return result
 
@@ -85,7 +86,9 @@ class Expression:
     # Tokens and names
 
     def _advance(self):
-        self.kind, self.spelling, self.radix = self.source.next()
+        self.kind, self.spelling, radix = self.source.next(self.radix)
+        if self.kind == "num":
+            self.radix = radix
 
     def _error(self, number, popped=""):
         return Failure.custom_error(number, self.spelling, popped)
@@ -121,7 +124,8 @@ class Expression:
                     self._advance()
                     result = self._binary(operator, result, self._level(BINARY[operator] + 1))
                 elif level <= POSTFIX.get(operator, 0):
-                    result = self._taken(self._postfix(operator, result))
+                    self._advance()
+                    result = self._postfix(operator, result)
                 elif level <= STORE.get(operator, 0):
                     self._advance()
                     if self.kind != "id":

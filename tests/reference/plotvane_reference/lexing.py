@@ -1,4 +1,9 @@
-"""Tokens: tuples of kind, spelling and radix. The end of the input has the empty kind."""
+"""Tokens: tuples of kind, spelling and radix. The end of the input has the empty kind.
+
+A text holds one character for each byte of UTF-8, so that bytes that are no UTF-8 go through unchanged.
+"""
+
+import re
 
 from .failure import Failure
 
@@ -16,6 +21,7 @@ RADIX_LETTERS = {
     "b": (BINARY, DIGITS),
     "d": (DECIMAL, DIGITS + "."),
 }
+CHARACTER = re.compile("[\xc2-\xdf][\x80-\xbf]|[\xe0-\xef][\x80-\xbf]{2}|[\xf0-\xf4][\x80-\xbf]{3}|.", re.DOTALL)
 MOST_RECORDED_TOKENS = 32767
 
 
@@ -30,18 +36,17 @@ class TextTokens:
     def __init__(self, text, record=None):
         self.text = text
         self.at = 0
-        self.radix = DECIMAL
         self.after_number = False
         self.record = record
 
-    def next(self):
-        """The next token; failures carry the number 7 and the spelling met."""
+    def next(self, last_radix):
+        """The next token. A wrong radix letter is recorded like a number, with the radix of the last one."""
         failure = None
         try:
             token = self._read()
-        except Failure as bad_radix:
-            failure = bad_radix
-            token = ("num", bad_radix.spelling, self.radix)
+        except Failure as wrong_letter:
+            failure = wrong_letter
+            token = ("num", wrong_letter.spelling, last_radix)
         if self.record is not None:
             if len(self.record) == MOST_RECORDED_TOKENS:
                 raise failure or Failure(standard=6)
@@ -53,6 +58,11 @@ class TextTokens:
     def _peek(self, ahead=0):
         """The character at the reading position, in lower case; empty at the end."""
         return lower(self.text[self.at + ahead : self.at + ahead + 1])
+
+    def _take_character(self):
+        match = CHARACTER.match(self.text, self.at)
+        self.at += len(match[0]) if match else 0
+        return lower(match[0]) if match else ""
 
     def _take_while(self, allowed):
         start = self.at
@@ -67,33 +77,32 @@ class TextTokens:
         directly_after_number = after_number and self.at == start
         character = self._peek()
         if not character:
-            return ("", "", self.radix)
+            return ("", "", DECIMAL)
         if character in DIGITS + ".":
             return self._number(DECIMAL, DIGITS + ".")
         if character in LETTERS:
             return self._word(directly_after_number)
         if character == "&":
             return self._based_number()
-        if character + self._peek(1) in PAIRS:
-            character += self._peek(1)
-        self.at += len(character)
-        return (character, character, self.radix)
+        character = self._take_character()
+        if character + self._peek() in PAIRS:
+            character += self._take_character()
+        return (character, character, DECIMAL)
 
     def _number(self, radix, allowed):
-        self.radix = radix
         self.after_number = True
         return ("num", self._take_while(allowed), radix)
 
     def _word(self, directly_after_number):
         if directly_after_number and self._peek() == "e" and self._peek(1) and self._peek(1) in DIGITS:
             self.at += 1
-            return ("e", "e", self.radix)
+            return ("e", "e", DECIMAL)
         word = self._take_while(LETTERS + DIGITS)
-        return (word if word in OPERATOR_WORDS else "id", word, self.radix)
+        return (word if word in OPERATOR_WORDS else "id", word, DECIMAL)
 
     def _based_number(self):
-        letter = self._peek(1)
-        self.at += 1 + len(letter)
+        self.at += 1
+        letter = self._take_character()
         if letter in RADIX_LETTERS:
             return self._number(*RADIX_LETTERS[letter])
         failure = Failure.custom_error(7, "&" + letter)
@@ -107,7 +116,7 @@ class ListTokens:
     def __init__(self, tokens):
         self.tokens = iter(tokens)
 
-    def next(self):
+    def next(self, _):
         return next(self.tokens, ("", "", DECIMAL))
 
 
@@ -119,7 +128,7 @@ def literal_value(spelling, radix):
         return _in_range(lambda digits: float(int(digits, 16)), spelling)
     if radix in (OCTAL, BINARY):
         return _value_digit_by_digit(spelling, 8 if radix == OCTAL else 2)
-    if spelling.count(".") > 1 or not spelling.replace(".", "").isdecimal() or not spelling.isascii():
+    if spelling.count(".") > 1 or not spelling.strip(".") or any(digit not in DIGITS + "." for digit in spelling):
         raise Failure.custom_error(1, spelling)
     return _in_range(float, spelling)
 

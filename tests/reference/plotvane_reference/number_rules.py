@@ -20,13 +20,17 @@ def finite(number):
     return number
 
 
+def is_numeric(value):
+    return not isinstance(value, str) or bool(WHOLE_NUMBER_TEXT.fullmatch(value))
+
+
 def to_number(value):
     if value is None:
         return 0.0
     if isinstance(value, bool):
         return -1.0 if value else 0.0
     if isinstance(value, str):
-        if not WHOLE_NUMBER_TEXT.fullmatch(value):
+        if not is_numeric(value):
             raise Failure(standard=13)
         return finite(float(value))
     return value
