@@ -5,7 +5,7 @@ import argparse
 import sys
 import threading
 
-from plotvane_reference.arithmetic import EXACT, Inexactness
+from plotvane_reference.arithmetic import Inexactness
 from plotvane_reference.expression import Expression, Shared
 from plotvane_reference.failure import Failure
 from plotvane_reference.mathematics import Mathematics
@@ -17,11 +17,15 @@ MODES = ("decimal", "fixed", "octal", "hexadecimal", "binary")
 
 
 class Session:
-    """One run of the calculator: options, one table, one random generator; a report line for every input line."""
+    """One run of the calculator: options, one table, one random generator; a report line for every input line.
+
+    With `most_work`, for comparisons, NotComparable is raised by lines that take more evaluations than that, or
+    whose results another correct program need not have.
+    """
 
     def __init__(self, options, most_work=None):
         self.options = options
-        self.inexactness = Inexactness()
+        self.inexactness = Inexactness(gives_up=most_work is not None)
         self.mathematics = Mathematics(self.inexactness, RandomGenerator())
         self.shared = Shared(Variables(), self.mathematics, most_work)
         self.expression = Expression(
@@ -37,7 +41,7 @@ class Session:
 
     def report(self, line):
         """The report line for one input line, both as bytes."""
-        self.inexactness.level = EXACT
+        self.inexactness.tolerance = 0.0
         self.shared.work = 0
         try:
             fields = ["ok", text_of(self._result(line.decode("latin-1")))]

@@ -1,7 +1,7 @@
 """The financial functions: v q + p (1 + r d)(q - 1)/r + f = 0 with q = (1 + r)^n, solved for each letter."""
 
 from .arithmetic import FINANCIAL
-from .failure import Failure, TooMuchWork
+from .failure import Failure, NotComparable
 
 MOST_ROUNDS = 200
 
@@ -79,15 +79,22 @@ class Annuities:
         try:
             before, here = guess, guess + 0.001
             error_before = self._balance(before, periods, payment, present, future, due)
-            for _ in range(MOST_ROUNDS):
+            for round_number in range(MOST_ROUNDS):
                 error = self._balance(here, periods, payment, present, future, due)
                 if error == error_before or abs(here - before) < 1e-15:
-                    return here
+                    return self._plausible(here, round_number)
                 before, here = here, here - error * (here - before) / (error - error_before)
                 error_before = error
         except Failure:
             pass
-        raise TooMuchWork()
+        raise NotComparable()
+
+    @staticmethod
+    def _plausible(rate, rounds):
+        """Without a round the balance does not depend on the rate at all."""
+        if rounds == 0 or not -0.5 < rate < 2:
+            raise NotComparable()
+        return rate
 
     def _balance(self, rate, periods, payment, present, future, due):
         if rate == 0:

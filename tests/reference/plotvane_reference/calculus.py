@@ -1,7 +1,7 @@
 """Sums, integrals and derivatives: an expression evaluated again and again while one variable moves."""
 
 from .failure import Failure
-from .number_rules import finite, to_number, to_whole
+from .number_rules import to_number
 
 MOST_WRITTEN_OUT_ORDER = 24
 STORES = {"=", "->", "=>", "++", "--"}
@@ -22,6 +22,7 @@ class Calculus:
 
     def __init__(self, caller, tokens, name):
         self.caller = caller
+        self.m = caller.shared.mathematics
         self.tokens = tokens
         self.name = name
 
@@ -33,10 +34,10 @@ class Calculus:
         if width == 0:
             raise undefined()
         try:
-            finite(finite(high - low) / width)
+            self.m.divide(self.m.subtract(high, low), width)
         except Failure:
             raise undefined() from None
-        total, _ = self._loop(low, finite(high - width), width, 0.0, finish=lambda total: finite(total * width))
+        total, _ = self._loop(low, self.m.subtract(high, width), width, 0.0, finish=lambda total: self.m.multiply(total, width))
         return total
 
     def derivative(self, x, h=0.01):
@@ -45,10 +46,10 @@ class Calculus:
         private = self._private()
         before = self.caller.table.get(self.name)
         values = []
-        for point in (lambda: finite(x + h), lambda: x):
+        for point in (lambda: self.m.add(x, h), lambda: x):
             self._set(point())
             values.append(self._value_or_failure(private))
-        result = finite(finite(values[0] - values[1]) / h)
+        result = self.m.divide(self.m.subtract(values[0], values[1]), h)
         self._restore(before)
         return result
 
@@ -64,9 +65,9 @@ class Calculus:
     def _written_out(self, order, x, h):
         if order == 1:
             return self.derivative(x, h)
-        ahead = self._written_out(order - 1, finite(x + h), h)
+        ahead = self._written_out(order - 1, self.m.add(x, h), h)
         here = self._written_out(order - 1, x, h)
-        return finite(finite(ahead - here) / h)
+        return self.m.divide(self.m.subtract(ahead, here), h)
 
     def _difference(self, order, steps, x, h, known):
         """The same recursion with its repeated parts remembered; x is already moved by so many steps."""
@@ -74,9 +75,9 @@ class Calculus:
             if order == 1:
                 known[order, steps] = self.derivative(x, h)
             else:
-                ahead = self._difference(order - 1, steps + 1, finite(x + h), h, known)
+                ahead = self._difference(order - 1, steps + 1, self.m.add(x, h), h, known)
                 here = self._difference(order - 1, steps, x, h, known)
-                known[order, steps] = finite(finite(ahead - here) / h)
+                known[order, steps] = self.m.divide(self.m.subtract(ahead, here), h)
         return known[order, steps]
 
     def _has_side_effects(self):
@@ -92,14 +93,14 @@ class Calculus:
         before = self.caller.table.get(self.name)
         counter = low
         try:
-            while counter <= high if step > 0 else counter >= high:
+            while self.m.compare("<=" if step > 0 else ">=", counter, high):
                 self._set(counter)
                 term = self._value_or_none(private)
                 if term is not None:
-                    total = finite(total + term)
+                    total = self.m.add(total, term)
                 if counter + step == counter:
                     raise undefined()
-                counter = finite(counter + step)
+                counter = self.m.add(counter, step)
             total = finish(total)
         finally:
             self._restore(before)
@@ -133,7 +134,3 @@ class Calculus:
             return self._evaluate(private)
         except Failure as failure:
             raise undefined() if failure.is_tolerated_while_graphing() else failure
-
-
-def order_of(value):
-    return to_whole(value, 16)

@@ -1,8 +1,7 @@
 """The built-in functions: name, least and most arguments, angle rule, operation."""
 
-import math
-
 from .annuities import Annuities
+from .mathematics import sign
 from .number_rules import to_number
 
 PLAIN, ANGLE_IN, ANGLE_OUT = range(3)
@@ -18,9 +17,9 @@ def catalogue(m):
     """Everything but the calculus names, over one mathematics library."""
     a = Annuities(m)
     one = {
-        "abs": abs, "exp": m.exponential, "fix": lambda x: float(math.trunc(x)), "int": lambda x: float(math.floor(x)),
-        "log": m.logarithm, "log10": m.logarithm, "ln": m.natural_logarithm, "rnd": m.generator.seeded,
-        "sgn": lambda x: float((x > 0) - (x < 0)), "sqr": m.square_root, "factorial": m.factorial,
+        "abs": abs, "exp": m.exponential, "fix": m.truncate, "int": m.floor,
+        "log": m.logarithm, "log10": m.logarithm, "ln": m.natural_logarithm, "rnd": m.random_seeded,
+        "sgn": sign, "sqr": m.square_root, "factorial": m.factorial,
         "degrees": m.to_degrees, "radians": m.to_radians, "getdecimal": m.fraction,
         "sinh": m.hyperbolic_sine, "cosh": m.hyperbolic_cosine, "tanh": m.hyperbolic_tangent,
         "sech": m.hyperbolic_secant, "csch": m.hyperbolic_cosecant,

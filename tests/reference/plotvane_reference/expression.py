@@ -1,8 +1,7 @@
 """The expression object: precedence climbing over a stream of tokens, statements, formatting."""
 
 from . import calculus, catalogue
-from .arithmetic import compare, logical, logical_not
-from .failure import Failure, TooMuchWork
+from .failure import Failure, NotComparable
 from .lexing import DECIMAL, ListTokens, TextTokens, literal_value
 from .number_rules import binary_text, is_numeric, patterned_text, radix_text, text_of, to_number
 
@@ -80,8 +79,9 @@ class Expression:
             rounded = self.shared.mathematics.round(to_number(value), float(self.places))
             return patterned_text(rounded, self.places)
         if self.mode == "binary":
-            return "&B" + binary_text(value)
-        return "&H" + radix_text(value, "X") if self.mode == "hexadecimal" else "&O" + radix_text(value, "o")
+            return "&B" + binary_text(int(self.shared.mathematics.truncate(to_number(value))))
+        whole = self.shared.mathematics.whole(value, 32)
+        return "&H" + radix_text(whole, "X") if self.mode == "hexadecimal" else "&O" + radix_text(whole, "o")
 
     # Tokens and names
 
@@ -106,7 +106,7 @@ class Expression:
         return (found[0],)
 
     def store(self, name, value):
-        if not self.table.change(name, value, self.shared.mathematics.inexactness.level):
+        if not self.table.change(name, value, self.shared.mathematics.inexactness.tolerance):
             raise Failure.custom_error(9)
 
     # The climbing loop
@@ -140,18 +140,18 @@ class Expression:
     def _count_work(self):
         self.shared.work += 1
         if self.shared.most_work and self.shared.work > self.shared.most_work:
-            raise TooMuchWork()
+            raise NotComparable()
 
     def _postfix(self, operator, value):
         number = to_number(value)
         return self.shared.mathematics.factorial(number) if operator == "!" else number / 100
 
     def _binary(self, operator, a, b):
-        if operator in ("==", "<", ">", "<>", "<=", ">="):
-            return compare(operator, a, b)
-        if operator in ("and", "or", "xor", "eqv", "imp"):
-            return logical(operator, a, b)
         m = self.shared.mathematics
+        if operator in ("==", "<", ">", "<>", "<=", ">="):
+            return m.compare(operator, a, b)
+        if operator in ("and", "or", "xor", "eqv", "imp"):
+            return m.logical(operator, a, b)
         operation = {
             "e": m.scientific, "^": m.power, "*": m.multiply, "/": m.divide, "\\": m.whole_divide,
             "mod": m.remainder, "+": m.add, "-": m.subtract,
@@ -178,7 +178,7 @@ class Expression:
             return -to_number(value) if kind == "-" else value
         if kind == "not":
             self._advance()
-            return logical_not(self._level(NOT_OPERAND_LEVEL))
+            return self.shared.mathematics.logical_not(self._level(NOT_OPERAND_LEVEL))
         if kind in ("++", "--"):
             self._advance()
             if self.kind != "id":
@@ -253,7 +253,7 @@ class Expression:
         arguments = self._arguments(readers)
         least = {"sum": 4, "integral": 4, "derivative": 3, "nth derivative": 4}[operation]
         self._check_count(arguments, least, least + 1)
-        order = calculus.order_of(arguments.pop(0)) if ordered else None
+        order = self.shared.mathematics.whole(arguments.pop(0), 16) if ordered else None
         numbers = [to_number(argument) for argument in arguments[2:]]
         work = calculus.Calculus(self, arguments[0], arguments[1])
         if operation == "sum":

@@ -56,5 +56,5 @@ class Failure(Exception):
         return self.standard in (5, 11) or self.custom == 9 or (self.standard, self.custom) == (0, 0)
 
 
-class TooMuchWork(Exception):
-    """A line that would take the reference too long; the comparison leaves it out."""
+class NotComparable(Exception):
+    """A line about which two correct programs may disagree, or that takes too long; the comparison leaves it out."""

@@ -2,9 +2,9 @@
 
 import math
 
-from .arithmetic import Arithmetic
+from .arithmetic import SINGLE_PRECISION, Arithmetic
 from .failure import Failure
-from .number_rules import to_single, to_whole
+from .number_rules import to_single
 
 P = 3.14159265358979
 THREE_HALVES_P = 4.712388980384685
@@ -28,7 +28,7 @@ class Mathematics(Arithmetic):
 
     def factorial(self, n):
         product = 1.0
-        for factor in range(to_whole(n, 16), 1, -1):
+        for factor in range(self.whole(n, 16), 1, -1):
             product = self.multiply(product, float(factor))
         return product
 
@@ -40,32 +40,33 @@ class Mathematics(Arithmetic):
         return self.divide(self.factorial(n), self.factorial(self.subtract(n, r)))
 
     def common_factor(self, a, b):
+        self.inexactness.depend_on_last_bit()
         for _ in range(MOST_COMMON_FACTOR_ROUNDS):
             quotient = self.divide(a, b)
             if quotient == math.floor(quotient):
                 return b
-            a, b = b, self.subtract(a, self.multiply(b, float(math.floor(quotient))))
+            a, b = b, self.subtract(a, self.multiply(b, self.floor(quotient)))
         raise undefined()
 
     def common_multiple(self, a, b):
         return self.divide(self.multiply(a, b), self.common_factor(a, b))
 
     def decimal_mod(self, x, modulus):
-        whole = float(math.trunc(self.divide(x, modulus)))
+        whole = self.truncate(self.divide(x, modulus))
         return self.subtract(x, self.multiply(modulus, whole))
 
     def fraction(self, x):
-        return x - math.trunc(x)
+        return self.subtract(x, self.truncate(x))
 
     def round(self, x, places=0.0):
         unit = self.power(10.0, -places)
-        return self.multiply(float(math.floor(self.add(self.divide(x, unit), 0.5))), unit)
+        return self.multiply(self.floor(self.add(self.divide(x, unit), 0.5)), unit)
 
     def scientific(self, x, exponent):
         return self.multiply(x, self.power(10.0, exponent))
 
     def colour(self, red, green, blue):
-        low = self.add(float(to_whole(red, 16)), self.multiply(256.0, green))
+        low = self.add(float(self.whole(red, 16)), self.multiply(256.0, green))
         return self.add(low, self.multiply(65536.0, blue))
 
     # Angles
@@ -86,11 +87,18 @@ class Mathematics(Arithmetic):
 
     def sine(self, x):
         special = {P / 2: 1.0, P: 0.0, THREE_HALVES_P: -1.0}
-        return special[x] if x in special else self.elementary(math.sin, x)
+        return self._special_or(special, x, math.sin)
 
     def cosine(self, x):
         special = {P: -1.0, P / 2: 0.0, THREE_HALVES_P: 0.0}
-        return special[x] if x in special else self.elementary(math.cos, x)
+        return self._special_or(special, x, math.cos)
+
+    def _special_or(self, special, x, function):
+        for angle, value in special.items():
+            self.inexactness.decide(x, angle)
+            if x == angle:
+                return value
+        return self.elementary(function, x)
 
     def tangent(self, x):
         if x in (P / 2, THREE_HALVES_P):
@@ -120,21 +128,22 @@ class Mathematics(Arithmetic):
     def arc_cosine(self, x):
         if x == 1:
             return 0.0
-        return self.arc(self.divide(-x, self.square_root(self.subtract(1.0, self.square(x))))) + self.right_angle()
+        angle = self.arc(self.divide(-x, self.square_root(self.subtract(1.0, self.square(x)))))
+        return self.add(angle, self.right_angle())
 
     def arc_secant(self, x):
         angle = self.arc(self.divide(x, self.square_root(self.subtract(self.square(x), 1.0))))
-        return angle + sign(x - 1) * self.right_angle()
+        return self.add(angle, sign(x - 1) * self.right_angle())
 
     def arc_cosecant(self, x):
         angle = self.arc(self.divide(1.0, self.square_root(self.subtract(self.square(x), 1.0))))
-        return angle + (sign(x) - 1) * self.right_angle()
+        return self.add(angle, (sign(x) - 1) * self.right_angle())
 
     def arc_tangent(self, x):
         return P / 4 if x == 1 else self.arc(x)
 
     def arc_cotangent(self, x):
-        return 0.75 * P if x == 1 else self.arc(x) + self.right_angle()
+        return 0.75 * P if x == 1 else self.add(self.arc(x), self.right_angle())
 
     # Hyperbolic functions and their inverses
 
@@ -194,15 +203,25 @@ class Mathematics(Arithmetic):
 
     # Random numbers
 
+    def single(self, x):
+        if self.inexactness.tolerance:
+            self.inexactness.mark(SINGLE_PRECISION)
+        return to_single(x)
+
+    def random_seeded(self, seed):
+        if seed < 0:
+            self.inexactness.depend_on_last_bit()
+        return self.generator.seeded(seed)
+
     def random_real(self, high):
-        return to_single(self.multiply(self.generator.next(), high))
+        return self.single(self.multiply(self.generator.next(), high))
 
     def random_real_between(self, high, low):
-        return to_single(self.add(low, self.multiply(self.generator.next(), self.subtract(high, low))))
+        return self.single(self.add(low, self.multiply(self.generator.next(), self.subtract(high, low))))
 
     def random_whole(self, high):
-        return float(math.floor(self.multiply(self.generator.next(), high)))
+        return self.floor(self.multiply(self.generator.next(), high))
 
     def random_whole_between(self, high, low):
         span = self.add(self.subtract(high, low), 1.0)
-        return float(math.floor(self.add(low, self.multiply(self.generator.next(), span))))
+        return self.floor(self.add(low, self.multiply(self.generator.next(), span)))

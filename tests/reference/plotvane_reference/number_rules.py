@@ -36,9 +36,9 @@ def to_number(value):
     return value
 
 
-def to_whole(value, bits):
+def whole_number(number, bits):
     """Halves go to the even neighbour, as Python's own rounding does exactly."""
-    whole = round(to_number(value))
+    whole = round(number)
     if not -(1 << (bits - 1)) <= whole < 1 << (bits - 1):
         raise Failure(standard=6)
     return whole
@@ -98,14 +98,13 @@ def patterned_text(number, places):
     return ("-" if number < 0 else "") + text + ("." + fraction if fraction else "")
 
 
-def radix_text(value, digit_code):
+def radix_text(whole, digit_code):
     """Hexadecimal ("X") or octal ("o") digits of the 32-bit two's complement."""
-    return format(to_whole(value, 32) & 0xFFFFFFFF, digit_code)
+    return format(whole & 0xFFFFFFFF, digit_code)
 
 
-def binary_text(value):
+def binary_text(whole):
     """No padding for values of 0 and above; a negative one in two's complement of 2, 4 or 8 bytes."""
-    whole = math.trunc(to_number(value))
     if whole >= 0:
         if whole >= 1 << 64:
             raise Failure(standard=6)

@@ -17,7 +17,7 @@ class Variables:
 
     def load(self, name, value, kind):
         """Adds or overwrites without asking, as files and predefined constants do."""
-        self.records[name.lower()] = (value, kind, 0)
+        self.records[name.lower()] = (value, kind, 0.0)
 
     def get(self, name):
         """The value and the inexactness it was stored with, or None."""
