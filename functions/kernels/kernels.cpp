@@ -60,6 +60,9 @@ double PowSpecial(double base, double exponent) noexcept {
   if (exponent == 0 || base == 1) return 1.0;
   if (IsNaN(base) || IsNaN(exponent)) return kNotANumber;
   if (!IsFinite(base) || !IsFinite(exponent)) return PowOfInfinity(base, exponent);
+  if (IsShortDecimal<Portable>(base, exponent)) {
+    return 1.0 / kExactPowersOfTen[static_cast<std::size_t>(-exponent) - 1];
+  }
   const bool negative = base < 0 && IsOdd(exponent);
   if (base == 0) {
     const double result = exponent > 0 ? 0.0 : kInfinity;

@@ -49,8 +49,23 @@ inline Pair PowerExponent(double exponent, PowerAndMantissa base) noexcept {
   return Product<Tag>({exponent, 0.0}, LogarithmPair<Tag>(base));
 }
 
+// 10, 100, … up to the last power of ten that a double holds exactly. 1 divided by one of them is the double
+// nearest to the negative power, so that 1e-5 and 0.00001 are one number.
+inline constexpr std::array kExactPowersOfTen{1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,
+                                              1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16,
+                                              1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+// Whether base^exponent is 1 divided by an exact power of ten.
+template <class Tag>
+inline bool IsShortDecimal(double base, double exponent) noexcept {
+  constexpr double kLongest = -static_cast<double>(kExactPowersOfTen.size());
+  const double whole = exponent >= kLongest ? Truncate<Tag>(exponent) : kNotANumber;
+  const double negative = exponent < 0.0 ? whole : kNotANumber;
+  return (base == 10.0 ? negative : kNotANumber) == exponent;
+}
+
 // base^exponent for a normal positive base where the result is a normal number well inside the range, else
-// not-a-number. Squares are plain products.
+// not-a-number. Squares are plain products; short decimals are left to the slower path.
 template <class Tag>
 inline double PowFast(double base, double exponent) noexcept {
   const Pair x = PowerExponent<Tag>(exponent, SplitNormal<Tag>(base));
@@ -58,8 +73,9 @@ inline double PowFast(double base, double exponent) noexcept {
   const double bounded = Magnitude<Tag>(x.high) <= kLargestPlainExponent ? general : kNotANumber;
   const double aboveZero = base >= kSmallestNormal ? bounded : kNotANumber;
   const double finite = base <= kLargestNumber ? aboveZero : kNotANumber;
+  const double rounded = IsShortDecimal<Tag>(base, exponent) ? kNotANumber : finite;
   const double square = base * base;
-  return exponent == 2.0 ? square : finite;
+  return exponent == 2.0 ? square : rounded;
 }
 
 }  // namespace plotvane::functions::kernels

@@ -33,6 +33,13 @@ TEST(Kernels, whole_powers_of_whole_numbers_are_exact) {
   EXPECT_EQ(Pow(2, 1023), 0x1p1023);
 }
 
+TEST(Kernels, short_negative_powers_of_ten_are_the_nearest_doubles) {
+  constexpr double kNearest[] = {1e-1,  1e-2,  1e-3,  1e-4,  1e-5,  1e-6,  1e-7,  1e-8,  1e-9,  1e-10, 1e-11,
+                                 1e-12, 1e-13, 1e-14, 1e-15, 1e-16, 1e-17, 1e-18, 1e-19, 1e-20, 1e-21, 1e-22};
+  double exponent = 0;
+  for (const double nearest : kNearest) EXPECT_EQ(Pow(10, --exponent), nearest) << exponent;
+}
+
 TEST(Kernels, squares_are_the_rounded_products) {
   for (const double x : {0.1, -0.3, 1e-160, 1e-170, 1.4e154, 123456789.123}) EXPECT_EQ(Pow(x, 2), x * x) << x;
 }

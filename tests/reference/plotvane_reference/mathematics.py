@@ -217,7 +217,8 @@ class Mathematics(Arithmetic):
         return self.single(self.multiply(self.generator.next(), high))
 
     def random_real_between(self, high, low):
-        return self.single(self.add(low, self.multiply(self.generator.next(), self.subtract(high, low))))
+        span = self.subtract(high, low)  # An overflow here draws no number.
+        return self.single(self.add(low, self.multiply(self.generator.next(), span)))
 
     def random_whole(self, high):
         return self.floor(self.multiply(self.generator.next(), high))
