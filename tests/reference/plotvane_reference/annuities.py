@@ -11,8 +11,13 @@ class Annuities:
         self.m = mathematics
 
     def _growth(self, rate, periods):
+        """q; where it is too large, another arrangement may still give a result."""
         self.m.inexactness.mark(FINANCIAL)
-        return self.m.power(self.m.add(1.0, rate), periods)
+        try:
+            return self.m.power(self.m.add(1.0, rate), periods)
+        except Failure:
+            self.m.inexactness.give_up()
+            raise
 
     def _payment_factor(self, rate, growth, due):
         """(1 + r d)(q - 1)/r"""

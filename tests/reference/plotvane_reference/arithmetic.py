@@ -11,7 +11,7 @@ SINGLE_PRECISION = 2e-7  # ... a rounding to a 32-bit float of such a result
 FINANCIAL = 1e-9  # ... an annuity formula, which may be arranged in several ways
 HOPELESS = 1e-2
 # An elementary function may magnify an inexactness so many times and still differ in the last digit only.
-HARMLESS_MAGNIFICATION = 10
+HARMLESS_MAGNIFICATION = 3
 # 10 raised to whole numbers up to this one is exact, and so is 1 divided by it but for its one rounding.
 LARGEST_EXACT_POWER_OF_TEN = 22
 
@@ -112,7 +112,8 @@ class Arithmetic:
         if base == 10 and exponent == math.floor(exponent) and -LARGEST_EXACT_POWER_OF_TEN <= exponent < 0:
             return 1 / 10.0**-exponent
         if not self._is_small_whole_power(base, exponent):
-            self.inexactness.magnify(abs(exponent) / HARMLESS_MAGNIFICATION)
+            slope = abs(exponent) * max(1.0, abs(math.log(abs(base)))) if base else 0.0
+            self.inexactness.magnify(slope / HARMLESS_MAGNIFICATION)
             self.inexactness.mark(ELEMENTARY)
         try:
             return finite(math.pow(base, exponent))
