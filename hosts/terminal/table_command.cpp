@@ -28,14 +28,19 @@ struct TableOptions {
   bool degrees = false;
 };
 
-// The values of x: from + k * step, each computed afresh, up to the end or so near to it that only rounding
-// differs.
+constexpr double kRounding = 1e-9;  // of one step: how far rounding may lead off
+
+// The values of x: from + k * step, each computed afresh, up to the end or to it where only rounding differs.
 struct Rows {
   double from = 0;
+  double to = 0;
   double step = 0;
   std::uint64_t last = 0;  // the highest k
 
-  [[nodiscard]] double X(std::uint64_t k) const { return from + static_cast<double>(k) * step; }
+  [[nodiscard]] double X(std::uint64_t k) const {
+    const double x = from + static_cast<double>(k) * step;
+    return std::abs(x - to) <= kRounding * std::abs(step) ? to : x;
+  }
 };
 
 Rows MakeRows(const TableOptions& options) {
@@ -47,8 +52,7 @@ Rows MakeRows(const TableOptions& options) {
   if (steps < 0) throw CLI::ValidationError("--step", "leads away from --to");
   constexpr double kMost = 9007199254740992;  // whole numbers up to here are exact
   if (!(steps < kMost) || from + step == from) throw CLI::ValidationError("--step", "is too small");
-  constexpr double kRounding = 1e-9;  // of one step
-  return {from, step, static_cast<std::uint64_t>(std::floor(steps + kRounding))};
+  return {from, to, step, static_cast<std::uint64_t>(std::floor(steps + kRounding))};
 }
 
 std::string Row(std::vector<Equation>& equations, double x) {
