@@ -49,8 +49,11 @@ class Plain {
   friend Plain Cos(Plain x) noexcept { return Kernels::Cos(x.mValue); }
   friend Plain Tan(Plain x) noexcept { return Kernels::Tan(x.mValue); }
   friend Plain Atan(Plain x) noexcept { return Kernels::Atan(Finite(x)); }
+  // The kernel's 1^x and x^0 are 1 for any x, failures too.
   friend Plain Pow(Plain base, Plain exponent) noexcept {
-    return Kernels::Pow(Finite(base), Finite(exponent));
+    const double power = Kernels::Pow(Finite(base), Finite(exponent));
+    const double withExponent = IsFinite(exponent) ? power : kernels::kNotANumber;
+    return IsFinite(base) ? withExponent : kernels::kNotANumber;
   }
   friend Plain Floor(Plain x) noexcept { return kernels::Floor<typename Kernels::Tag>(x.mValue); }
   friend Plain Truncate(Plain x) noexcept { return kernels::Truncate<typename Kernels::Tag>(x.mValue); }
@@ -67,10 +70,10 @@ class Plain {
   static Plain Undefined() noexcept { return kernels::kNotANumber; }
 
  private:
+  static bool IsFinite(Plain x) noexcept { return x.mValue - x.mValue == 0; }
+
   // Kernels with a finite limit must not see an overflow.
-  static double Finite(Plain x) noexcept {
-    return x.mValue - x.mValue == 0 ? x.mValue : kernels::kNotANumber;
-  }
+  static double Finite(Plain x) noexcept { return IsFinite(x) ? x.mValue : kernels::kNotANumber; }
 
   double mValue;
 };
