@@ -87,8 +87,8 @@ class clsVarTable final : public platform::VariableTable {
   // Binding, for evaluators that look a name up once and use it many times. A record found here stays where
   // it is, and a missing name stays missing, while Generation() is the same: it grows with every addition,
   // removal, load, and change of a type or description, not with changes of values. Nothing but the value may
-  // be written through the record, and only where IsPlainVariable: there SetNumber(record, number) is all that
-  // Change(id, Value(number)) would do.
+  // be written through the record, and only where IsPlainVariable: there SetNumber(record, number) is all
+  // that Change(id, Value(number)) would do.
   //
   // Changes() grows with every change, those of values included.
   [[nodiscard]] clsExNode* FindRecord(std::string_view id) noexcept { return mNodes.Find(id); }
@@ -110,12 +110,12 @@ class clsVarTable final : public platform::VariableTable {
   void AddRecord(std::string_view id, const platform::Value& value, std::int32_t type,
                  std::string_view description);
 
-  clsNodeTable mNodes;
   void NoteNewGeneration() noexcept {
     ++mGeneration;
     ++mChanges;
   }
 
+  clsNodeTable mNodes;
   std::uint64_t mGeneration = 0;
   std::uint64_t mChanges = 0;
 };

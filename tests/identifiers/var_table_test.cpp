@@ -317,6 +317,24 @@ TEST(VarTable, the_generation_grows_with_all_that_may_break_a_binding) {
   EXPECT_FALSE(grew()) << "reading";
 }
 
+TEST(VarTable, the_change_counter_grows_with_values_too) {
+  clsVarTable table;
+  std::uint64_t before = table.Changes();
+  const auto grew = [&] { return std::exchange(before, table.Changes()) != table.Changes(); };
+  EXPECT_TRUE(table.Change("x", Value(1.0)));
+  EXPECT_TRUE(grew());
+  EXPECT_TRUE(table.Change("x", Value(2.0)));
+  EXPECT_TRUE(grew());
+  table.SetNumber(*table.FindRecord("x"), 3);
+  EXPECT_TRUE(grew());
+  EXPECT_EQ(NumberOf(table, "x"), 3);
+  EXPECT_TRUE(table.Remove("x"));
+  EXPECT_TRUE(grew());
+  EXPECT_FALSE(table.Change("pi", Value(2.0)));
+  EXPECT_TRUE(table.IdExists("pi"));
+  EXPECT_FALSE(grew());
+}
+
 TEST(VarTable, a_bound_plain_variable_is_stored_to_as_by_change) {
   clsVarTable table;
   EXPECT_TRUE(table.Change("x", Value(1.0)));
