@@ -9,6 +9,7 @@ namespace {
 // Distances at 96 dots per inch.
 constexpr int kStripMargin = 3;
 constexpr int kItemGap = 2;
+constexpr int kLabelGap = 6;  // before the label, which belongs to the box after it
 constexpr int kButtonPaddingX = 8;
 constexpr int kButtonPaddingY = 5;
 constexpr int kLeastButtonWidth = 36;
@@ -63,7 +64,7 @@ class StripLayout {
     switch (kToolBarItems[index].kind) {
       case ItemKind::Button:
         return std::max(caption + 2 * Scaled(kButtonPaddingX), Scaled(kLeastButtonWidth));
-      case ItemKind::Label: return caption + Scaled(kBoxPadding);
+      case ItemKind::Label: return caption + Scaled(kLabelGap) + Scaled(kBoxPadding);
       case ItemKind::EditBox: return kNumberDigits * mMetrics.digitWidth + 2 * Scaled(kBoxPadding);
       case ItemKind::Spinner: return Scaled(kSpinnerWidth);
     }
@@ -87,8 +88,9 @@ class StripLayout {
     for (std::size_t i = group.first; i < group.first + group.count; ++i) {
       const bool isLabel = kToolBarItems[i].kind == ItemKind::Label;
       const int height = isLabel ? mMetrics.lineHeight : mRowHeight;
-      items[i] = {left, top + (mRowHeight - height) / 2, ItemWidth(i), height};
-      left += items[i].width;
+      const int gap = isLabel ? Scaled(kLabelGap) : 0;
+      items[i] = {left + gap, top + (mRowHeight - height) / 2, ItemWidth(i) - gap, height};
+      left += ItemWidth(i);
     }
   }
 

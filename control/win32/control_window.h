@@ -34,7 +34,7 @@ class ControlWindowHost {
   virtual void GotFocus() = 0;
   virtual void LostFocus() = 0;
   // A message or input box opens (false) or has closed (true): the host's own modeless windows.
-  virtual void EnableModeless(bool enable) = 0;
+  virtual void EnableModeless(bool /*enable*/) {}
 };
 
 class ControlWindow : public Face {
@@ -43,7 +43,7 @@ class ControlWindow : public Face {
   // unregistered with the last. `moduleLock` is held by the object and by every dialog: as long as one
   // exists, the library must not be unloaded.
   [[nodiscard]] static std::shared_ptr<ControlWindow> Make(HINSTANCE module,
-                                                           std::shared_ptr<void> moduleLock);
+                                                           std::shared_ptr<void> moduleLock = nullptr);
   ~ControlWindow() override = default;
 
   virtual void Attach(const std::shared_ptr<Graph>& graph) = 0;

@@ -1,0 +1,29 @@
+#include "host.h"
+
+#include "control/win32/wide_text.h"
+
+namespace plotvane::test {
+
+std::string HostCommand(const std::string& arguments) {
+  wchar_t path[MAX_PATH]{};
+  ::GetModuleFileNameW(nullptr, path, MAX_PATH);
+  std::string folder = control::win32::FromWide(path);
+  folder.resize(folder.find_last_of("\\/"));
+  return "\"" + folder + "\\face_host.exe\" " + arguments;
+}
+
+std::string TakeMessage(std::string_view title) {
+  const HWND box = WaitForTop(title, kDialogClass);
+  if (box == nullptr) return "no box";
+  // The icon is a label too, without a text.
+  std::string text;
+  for (int i = 0; text.empty() && i < 4; ++i) {
+    const HWND label = FindByClass(box, "Static", i);
+    if (label != nullptr) text = TextOf(label);
+  }
+  PressKey(VK_RETURN);
+  WaitUntil([&] { return !::IsWindow(box); });
+  return text;
+}
+
+}  // namespace plotvane::test

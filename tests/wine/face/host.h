@@ -1,0 +1,61 @@
+// The host program with one control in it, as the tests of the face use it.
+#pragma once
+
+#include <string>
+
+#include "driver.h"
+
+namespace plotvane::test {
+
+// The command that starts face_host, which lies beside the test program.
+std::string HostCommand(const std::string& arguments);
+
+// One control on the screen; `index` chooses the second of two.
+class FaceOnScreen {
+ public:
+  explicit FaceOnScreen(const std::string& arguments = "\"x\" \"x^2\"")
+      : mProgram(HostCommand(arguments), "Face Host") {}
+
+  [[nodiscard]] Program& Host() noexcept { return mProgram; }
+  [[nodiscard]] HWND Top() const noexcept { return mProgram.Top(); }
+  [[nodiscard]] HWND Control(int index = 0) const { return FindByClass(Top(), "PlotvaneGraph", index); }
+  [[nodiscard]] HWND Surface(int index = 0) const { return FindByClass(Control(index), "PlotvaneSurface"); }
+  [[nodiscard]] HWND Button(std::string_view caption, int index = 0) const {
+    return FindByText(Control(index), caption);
+  }
+  [[nodiscard]] HWND NumberBox(int index = 0) const { return FindByClass(Control(index), "Edit", 0); }
+  [[nodiscard]] std::string Simple(int index = 0) const {
+    return TextOf(FindByClass(Control(index), "Edit", 1));
+  }
+  [[nodiscard]] std::string Status(int index = 0) const {
+    return TextOf(FindByClass(Control(index), "Edit", 2));
+  }
+  bool SimpleBecomes(std::string_view text, int index = 0) const {
+    return WaitUntil([&] { return Simple(index) == text; }, 3000);
+  }
+
+  // A key that the host program itself understands.
+  void HostKey(WORD key) const {
+    ::PostMessageW(Top(), WM_APP, key, 0);
+    Settle();
+  }
+
+  // Chooses from the zoom menu by its mnemonic.
+  void ChooseZoom(char mnemonic) const {
+    Click(Button("&Zoom"));
+    TypeText(std::string(1, mnemonic));
+  }
+
+ private:
+  Program mProgram;
+};
+
+inline constexpr std::string_view kHint = "Left click on the graph to redraw using the current functions";
+
+// Of the system's message, input and dialog boxes.
+inline constexpr std::string_view kDialogClass = "#32770";
+
+// The text of an open message box, which is then closed with Enter.
+std::string TakeMessage(std::string_view title);
+
+}  // namespace plotvane::test
