@@ -5,8 +5,11 @@
 // set.
 #pragma once
 
+#include <type_traits>
+
 #include "engine/columns.h"
 #include "engine/operation_table.h"
+#include "functions/kernels/power.h"
 #include "functions/plain.h"
 
 namespace plotvane::engine {
@@ -23,8 +26,24 @@ struct ColumnLoops {
   template <class Operation>
   static void UniformRight(const ColumnArguments& arguments) noexcept {
     const auto [out, accumulator, column, uniform, count] = arguments;
+    if constexpr (std::is_same_v<Operation, operations::Power>) {
+      if (RaiseToSmall(arguments)) return;
+    }
     for (std::size_t i = 0; i < count; ++i)
       out[i] = Operation::Apply(Real(accumulator[i]), Real(uniform)).Get();
+  }
+  // Squares and cubes of a whole column without the general power, whose bits they share; false for other
+  // exponents.
+  static bool RaiseToSmall(const ColumnArguments& arguments) noexcept {
+    const auto [out, accumulator, column, uniform, count] = arguments;
+    if (uniform == 2.0) {
+      for (std::size_t i = 0; i < count; ++i) out[i] = accumulator[i] * accumulator[i];
+      return true;
+    }
+    if (uniform != 3.0) return false;
+    for (std::size_t i = 0; i < count; ++i)
+      out[i] = functions::kernels::CubeFast<typename Real::Tag>(accumulator[i]);
+    return true;
   }
   template <class Operation>
   static void UniformLeft(const ColumnArguments& arguments) noexcept {

@@ -104,9 +104,12 @@ double Log(double x) noexcept {
   return result == result ? result : LogSpecial(x);
 }
 
+// With the bits of PowFast, but only the work that the exponent asks for.
 double Pow(double base, double exponent) noexcept {
-  if (exponent == 2.0) return base * base;  // the same bits as below, sooner
-  const double result = PowFast<Portable>(base, exponent);
+  if (exponent == 2.0) return base * base;
+  if (exponent == 3.0 && HasCube<Portable>(base)) return Cube<Portable>(base);
+  if (!(base > 0)) return PowSpecial(base, exponent);
+  const double result = PowGeneral<Portable>(base, exponent);
   return result == result ? result : PowSpecial(base, exponent);
 }
 

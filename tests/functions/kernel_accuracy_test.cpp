@@ -207,6 +207,8 @@ TEST(KernelAccuracy, power) {
     at(points.Uniform(0, 10), points.Uniform(-10, 10));
     at(points.Uniform(-20, 20), std::floor(points.Uniform(-30, 30)));
     at(points.Uniform(-100, 100), 2);
+    at(points.Uniform(-100, 100), 3);
+    at(points.Logarithmic(-340, 340), 3);
     at(points.Uniform(0, 100), 0.5);
   }
   EXPECT_LE(worst.Error(), kAllowed);

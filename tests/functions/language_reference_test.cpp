@@ -1,4 +1,5 @@
-// Focus: the language reference shows every function of the catalogue, in its order, with its forms and its help.
+// Focus: the language reference shows every function of the catalogue, in its order, with its forms and its
+// help.
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -33,7 +34,8 @@ TEST(LanguageReference, its_table_is_the_catalogue) {
              std::string(function.help) + " |\n";
   }
   const std::string reference = ReferenceText();
-  EXPECT_NE(reference.find(table), std::string::npos) << "the table in docs/functions.md should be:\n" << table;
+  EXPECT_NE(reference.find(table), std::string::npos) << "the table in docs/functions.md should be:\n"
+                                                      << table;
 }
 
 }  // namespace
