@@ -15,14 +15,18 @@ namespace plotvane::engine {
 using platform::StandardError;
 using platform::Value;
 
-// An evaluation in progress. One that begins inside another (the variable table called back) has a state of
-// its own, whose nesting counts on from the outer one's.
+// Unlike all other nesting, an evaluation inside an evaluation (the variable table called back) stands on the
+// program's stack, together with what the host put there: it counts as so many levels.
+constexpr std::size_t kLevelsOfCallBack = 32;
+
+// An evaluation in progress. One that begins inside another has a state of its own, whose nesting counts on
+// from the outer one's.
 class clsExp::Run {
  public:
   explicit Run(clsExp& expression) : mExpression(expression) {
     EvaluationState& state = *mExpression.mState;
     if (state.inProgress) {
-      mOuter = std::make_unique<EvaluationState>(mExpression, state.evaluator.Levels());
+      mOuter = std::make_unique<EvaluationState>(mExpression, state.evaluator.Levels() + kLevelsOfCallBack);
       std::swap(mOuter, mExpression.mState);
     }
     mExpression.mState->inProgress = true;

@@ -128,7 +128,7 @@ void Evaluator::EndLine(bool succeeded) {
 // --- Levels
 
 void Evaluator::BeginLevel(std::uint8_t level) {
-  if (Levels() == kMostLevels) return mReader->Raise(StandardError::OutOfStackSpace);
+  if (Levels() >= kMostLevels) return mReader->Raise(StandardError::OutOfStackSpace);
   mLevels.emplace_back().level = level;
 }
 

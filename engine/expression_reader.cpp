@@ -49,12 +49,8 @@ void ExpressionReader::FinishReplay(TokenKind lastBracket, std::optional<Radix> 
 void ExpressionReader::Next() {
   if (mErrorOccurred) return;
   mToken = mSource->Next();
-  const bool badBase = mToken.kind == TokenKind::BadBase;
-  if (mToken.kind == TokenKind::Number) mBase = mToken.radix;
-  if (badBase) {
-    // Only a bad letter: it is a number without a base of its own, and so keeps that of the number before.
+  if (mToken.kind == TokenKind::BadBase) {
     mToken.kind = TokenKind::Number;
-    mToken.radix = mBase;
     Raise(CustomError::BaseSpecification);
   }
   if (mRecording && !mRecording->Append(mToken)) Raise(StandardError::Overflow);

@@ -94,7 +94,6 @@ class ExpressionReader {
   std::shared_ptr<clsPreParsedExpression> mRecording;
 
   Token mToken;
-  Radix mBase = Radix::Decimal;  // of the last number read; deliberately not reset
   std::string mQuotedSpelling;   // behind mToken.spelling after RaiseQuoting
   clsStack mBrackets;
   std::string mPoppedBracket;

@@ -32,17 +32,22 @@ constexpr bool BeginsPair(char c) noexcept {
 constexpr bool EndsPair(char c) noexcept {
   return c == '=' || c == '>' || c == '-' || c == '+';
 }
-constexpr bool IsContinuationByte(char c) noexcept {
-  return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
-}
 
-// How many bytes the UTF-8 character that begins with `lead` should have; 1 for a byte that begins none.
-constexpr std::size_t CharacterLength(char lead) noexcept {
-  const auto byte = static_cast<unsigned char>(lead);
-  if (byte >= 0xF0 && byte <= 0xF4) return 4;
-  if (byte >= 0xE0 && byte <= 0xEF) return 3;
-  if (byte >= 0xC2 && byte <= 0xDF) return 2;
-  return 1;
+// How many bytes the UTF-8 character at the front of `text` has; 1 where there is no well-formed one.
+constexpr std::size_t CharacterLength(std::string_view text) noexcept {
+  const auto byte = [text](std::size_t place) {
+    return place < text.size() ? static_cast<unsigned char>(text[place]) : 0U;
+  };
+  const unsigned lead = byte(0);
+  const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC2 ? 2 : 1;
+  if (lead > 0xF4) return 1;
+  for (std::size_t place = 1; place < length; ++place) {
+    if ((byte(place) & 0xC0U) != 0x80U) return 1;
+  }
+  // Overlong forms, surrogates and what lies beyond the last character have a second byte out of its range.
+  const bool tooLow = (lead == 0xE0 && byte(1) < 0xA0) || (lead == 0xF0 && byte(1) < 0x90);
+  const bool tooHigh = (lead == 0xED && byte(1) > 0x9F) || (lead == 0xF4 && byte(1) > 0x8F);
+  return tooLow || tooHigh ? 1 : length;
 }
 
 }  // namespace
@@ -87,11 +92,8 @@ std::string_view Lexer::TakeWhile(Predicate belongs) noexcept {
 // one.
 std::string_view Lexer::TakeCharacter() noexcept {
   const std::string_view rest = std::string_view(mText).substr(mPlace);
-  std::size_t length = std::min<std::size_t>(rest.size(), 1);
-  if (length == 1) {
-    const std::string_view whole = rest.substr(0, CharacterLength(rest.front()));
-    if (std::ranges::all_of(whole.substr(1), IsContinuationByte)) length = whole.size();
-  }
+  if (rest.empty()) return rest;
+  const std::size_t length = CharacterLength(rest);
   mPlace += length;
   return rest.substr(0, length);
 }
