@@ -38,12 +38,11 @@ void ExpressionReader::End() noexcept {
   mRecording = nullptr;
 }
 
-void ExpressionReader::FinishReplay(TokenKind lastBracket, std::optional<Radix> lastRadix) noexcept {
+void ExpressionReader::FinishReplay(TokenKind lastBracket) noexcept {
   mToken = {};
   mError = {};
   if (!mBrackets.EmptyStack()) mBrackets.MakeNew();
   if (lastBracket != TokenKind::End) mPoppedBracket = KindText({lastBracket, Radix::Decimal, {}});
-  if (lastRadix) mBase = *lastRadix;
 }
 
 void ExpressionReader::Next() {

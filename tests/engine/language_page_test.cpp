@@ -66,8 +66,8 @@ TEST(LanguagePage, the_table_of_number_modes) {
       Calculator calculator;
       calculator.expression.SetFormatMode(mode);
       calculator.expression.SetFixedDecimalPlaces(platform::Value(2.0));
-      EXPECT_EQ("| " + std::string(mode) + " | " + calculator.Report("255") + " | " + calculator.Report("2/3") + " | " +
-                    calculator.Report("1<2") + " |",
+      EXPECT_EQ("| " + std::string(mode) + " | " + calculator.Report("255") + " | " +
+                    calculator.Report("2/3") + " | " + calculator.Report("1<2") + " |",
                 line);
       ++rows;
     }
