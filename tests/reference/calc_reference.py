@@ -36,8 +36,8 @@ class Session:
         if not self.options.variables:
             return
         with open(self.options.variables, "rb") as file:
-            for name, value, kind in read_records(file.read()):
-                self.shared.table.load(name, value, kind)
+            for record in read_records(file.read()):
+                self.shared.table.load(*record)
 
     def report(self, line):
         """The report line for one input line, both as bytes."""
@@ -67,10 +67,10 @@ class Session:
         return ["err", *numbers, failure.standard_text(), failure.custom_text]
 
     def snapshot(self):
-        return dict(self.shared.table.records), self.mathematics.generator.state, self.expression.radix
+        return dict(self.shared.table.records), self.mathematics.generator.state
 
     def give_back(self, snapshot):
-        self.shared.table.records, self.mathematics.generator.state, self.expression.radix = snapshot
+        self.shared.table.records, self.mathematics.generator.state = snapshot
 
 
 def escaped(text):

@@ -27,7 +27,7 @@ NUMBER = re.compile(rb"-?(?:\d+\.?\d*|\.\d+)(?:E[+-]\d+)?")
 
 
 def make_batch(generator, words, count):
-    """Lines with what the reference reports for them and how exact that is; lines of too much work are left out."""
+    """Lines with what the reference reports for them and how exact that is, then the lines of the saved file."""
     session = Session(option_parser().parse_args(words), MOST_WORK)
     session.load_file()
     batch = []
@@ -37,7 +37,7 @@ def make_batch(generator, words, count):
             batch.append((line, session.report(line), session.inexactness.tolerance))
         except NotComparable:
             session.give_back(before)
-    return batch
+    return batch, [(b"(saved file)", *record) for record in session.shared.table.saved()]
 
 
 def run_program(program, words, lines):
@@ -50,6 +50,17 @@ def run_program(program, words, lines):
         sys.stderr.buffer.write(done.stderr)
         reports.append(b"(exit status %d)" % done.returncode)
     return reports
+
+
+def write_variables(filed):
+    """The program saves into the file, so every batch gets it anew."""
+    with open(filed.name, "w", newline="") as file:
+        file.write(variable_file())
+
+
+def read_file(path):
+    with open(path, "rb") as file:
+        return file.read()
 
 
 def agree(expected, actual, tolerance):
@@ -84,9 +95,14 @@ def compare(options, filed):
         words = random_options(generator)
         generator.filed = generator.chance(0.3)
         words += ["--variables", filed.name] if generator.filed else []
-        batch = make_batch(generator, words, min(BATCH_LINES, options.lines - lines))
+        write_variables(filed)
+        batch, saved = make_batch(generator, words, min(BATCH_LINES, options.lines - lines))
         lines += min(BATCH_LINES, options.lines - lines)
-        for difference in differences(batch, run_program(options.program, words, [line for line, _, _ in batch])):
+        reports = run_program(options.program, words, [line for line, _, _ in batch])
+        if generator.filed:
+            batch += saved
+            reports += read_file(filed.name).split(b"\r\n")[:-1]
+        for difference in differences(batch, reports):
             show(words, *difference)
             failures += 1
             if not options.every:
@@ -104,8 +120,6 @@ def main():
     parser.add_argument("--every", action="store_true", help="go on in a batch after its first difference")
     options = parser.parse_args()
     with tempfile.NamedTemporaryFile("w", suffix=".txt") as filed:
-        filed.write(variable_file())
-        filed.flush()
         return run_with_deep_stack(lambda: compare(options, filed))
 
 

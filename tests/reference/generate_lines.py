@@ -179,7 +179,9 @@ class LineGenerator:
         name = self.choice(CALCULUS)
         variable = self.choice(VARIABLES) if self.chance(0.93) else self.choice(NAMES + ["1", "e", "pi", "sin"])
         body = self.expression(depth - 1) if self.chance(0.5) else self.choice(
-            ["{v}", "{v}^2", "1/{v}", "sin({v})", "{v}*k", "sqr({v}-1)", "({v}=2)", "{v}++", "y={v}", "rnd(1)", "{v}<2", "ln({v})"]
+            ["{v}", "{v}^2", "1/{v}", "sin({v})", "{v}*k", "sqr({v}-1)", "({v}=2)", "{v}++", "y={v}", "rnd(1)", "{v}<2", "ln({v})", "({v}]", "{v};1", ";{v}", "{v} 2",
+            "++{v}", "pi={v}", "&HF*{v}", "tan({v})", "{v}!", "1e308*{v}", "x={v};x", "ss({v},{v},1,{v})", "der({v}^2,{v},{v})",
+            "nobody", "{v}->nobody2", "({v},1)", "rnd({v})", "171!", "x->{v}", "{v}==1 and True", "True", "()", "{v}(", "di({v},y,0,{v},1)"]
         ).format(v=variable)  # fmt: skip
         low = self.random.randint(-3, 3)
         if name in ("ss", "sigmasum"):
@@ -188,7 +190,7 @@ class LineGenerator:
         elif name in ("der", "derivative"):
             arguments = [body, variable, self.literal()] + self.choice([[], [], ["0.001"], ["-0.1"], ["0"], ["1e-20"]])
         elif name in ("nder", "nderivative"):
-            order = self.choice(["0", "1", "2", "3", "4", "2.5", "-1"])
+            order = self.choice(["0", "1", "2", "3", "4", "2.5", "-1", "7", "9"])
             arguments = [order, body, variable, str(low)] + self.choice([[], [], ["0.1"], ["1"], ["0"]])
         else:
             arguments = [body, variable, str(low), str(low + self.random.randint(-1, 2)), self.choice(["0.25", "0.1", "0.5", "-0.5", "0"])]

@@ -6,9 +6,6 @@ from .number_rules import to_number
 MOST_WRITTEN_OUT_ORDER = 24
 STORES = {"=", "->", "=>", "++", "--"}
 RANDOM_NAMES = {"rnd", "random", "randomint"}
-CALCULUS_NAMES = {
-    "definiteintegral", "di", "derivative", "der", "nderivative", "nder", "sigmasum", "ss"
-}  # fmt: skip
 # The order from which the table of differences replaces the written recursion, whose results are the same.
 TABLE_FROM_ORDER = 6
 
@@ -81,8 +78,9 @@ class Calculus:
         return known[order, steps]
 
     def _has_side_effects(self):
+        """A calculus operation inside leaves its variable in the same state each time."""
         return any(
-            kind in STORES or spelling in RANDOM_NAMES | CALCULUS_NAMES for kind, spelling, _ in self.tokens
+            kind in STORES or spelling in RANDOM_NAMES for kind, spelling, _ in self.tokens
         )
 
     def _loop(self, low, high, step, total, finish):

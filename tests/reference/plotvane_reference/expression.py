@@ -2,7 +2,7 @@
 
 from . import calculus, catalogue
 from .failure import Failure, NotComparable
-from .lexing import DECIMAL, ListTokens, TextTokens, literal_value
+from .lexing import ListTokens, TextTokens, literal_value, require_room
 from .number_rules import binary_text, is_numeric, patterned_text, radix_text, text_of, to_number
 
 DEEPEST_NESTING = 1024
@@ -39,7 +39,6 @@ class Expression:
         self.places = places
         self.degrees = degrees
         self.numeric_only = numeric_only
-        self.radix = DECIMAL  # of the last number read, whichever evaluation read it
 
     @property
     def table(self):
@@ -86,9 +85,7 @@ class Expression:
     # Tokens and names
 
     def _advance(self):
-        self.kind, self.spelling, radix = self.source.next(self.radix)
-        if self.kind == "num":
-            self.radix = radix
+        self.kind, self.spelling, self.radix = self.source.next()
 
     def _error(self, number, popped=""):
         return Failure.custom_error(number, self.spelling, popped)
@@ -268,10 +265,12 @@ class Expression:
         depth = 0
         while self.kind and (depth > 0 or (self.kind != "," and self.kind not in CLOSING)):
             depth += (self.kind in PARTNERS) - (self.kind in CLOSING)
+            require_room(tokens)
             tokens.append((self.kind, self.spelling, self.radix))
             self._advance()
         if not tokens:
             raise self._error(1)
+        require_room(tokens)  # for the end of input that ends every list
         return tokens
 
     def _name_argument(self):

@@ -30,6 +30,11 @@ def lower(character):
     return character.lower() if "A" <= character <= "Z" else character
 
 
+def require_room(tokens):
+    if len(tokens) == MOST_RECORDED_TOKENS:
+        raise Failure(standard=6)
+
+
 class TextTokens:
     """Reads tokens from a text; records them when a list to record into is given."""
 
@@ -39,17 +44,17 @@ class TextTokens:
         self.after_number = False
         self.record = record
 
-    def next(self, last_radix):
-        """The next token. A wrong radix letter is recorded like a number, with the radix of the last one."""
+    def next(self):
+        """The next token. A wrong radix letter is recorded like a decimal number."""
         failure = None
         try:
             token = self._read()
         except Failure as wrong_letter:
             failure = wrong_letter
-            token = ("num", wrong_letter.spelling, last_radix)
+            token = ("num", wrong_letter.spelling, DECIMAL)
         if self.record is not None:
-            if len(self.record) == MOST_RECORDED_TOKENS:
-                raise failure or Failure(standard=6)
+            if not failure:
+                require_room(self.record)
             self.record.append(token)
         if failure:
             raise failure
@@ -116,7 +121,7 @@ class ListTokens:
     def __init__(self, tokens):
         self.tokens = iter(tokens)
 
-    def next(self, _):
+    def next(self):
         return next(self.tokens, ("", "", DECIMAL))
 
 

@@ -62,11 +62,20 @@ def significant(number, digits):
 
 
 def number_text(number, digits=SIGNIFICANT_DIGITS):
-    if number == 0:
+    return laid_out(significant(number, digits), digits)
+
+
+def shortest_text(number):
+    """The fewest digits that read back as the same number, laid out like any number."""
+    return laid_out(Decimal(repr(number)), SIGNIFICANT_DIGITS)
+
+
+def laid_out(rounded, digits):
+    """Without trailing zeros; in exponent form below 1E-4 and from 10^digits on."""
+    if rounded == 0:
         return "0"
-    rounded = significant(number, digits)
     exponent = rounded.adjusted()
-    sign = "-" if number < 0 else ""
+    sign = "-" if rounded < 0 else ""
     figures = "".join(map(str, rounded.as_tuple().digits)).rstrip("0")
     if exponent < -4 or exponent >= digits:
         fraction = "." + figures[1:] if len(figures) > 1 else ""

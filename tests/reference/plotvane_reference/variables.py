@@ -1,35 +1,61 @@
 """The table of variables: values and type codes by lower-cased name."""
 
+from collections import namedtuple
+
 from .failure import Failure
-from .number_rules import to_number
+from .number_rules import shortest_text, to_number
 
 VARIABLE, CONSTANT_BIT, RESERVED_BIT, PREDEFINED = 2, 4, 8, 9
+
+
+Record = namedtuple("Record", "name value kind description tolerance")
 
 
 class Variables:
     def __init__(self):
         self.records = {}
         for name, value in (
-            ("pi", 3.14159265358979), ("g", 9.80655), ("gc", 6.67259 * 10.0**-11), ("cc", 8987551787.37),
-            ("true", True), ("false", False),
+            ("Pi", 3.14159265358979), ("g", 9.80655), ("gc", 6.67259 * 10.0**-11), ("cc", 8987551787.37),
+            ("True", True), ("False", False),
         ):  # fmt: skip
-            self.load(name, value, PREDEFINED)
+            self.load(name, value, PREDEFINED, "")
 
-    def load(self, name, value, kind):
+    def load(self, name, value, kind, description):
         """Adds or overwrites without asking, as files and predefined constants do."""
-        self.records[name.lower()] = (value, kind, 0.0)
+        self.records[name.lower()] = Record(name, value, kind, description, 0.0)
 
     def get(self, name):
         """The value and the inexactness it was stored with, or None."""
         record = self.records.get(name)
-        return (record[0], record[2]) if record else None
+        return (record.value, record.tolerance) if record else None
 
-    def change(self, name, value, inexactness):
-        """Stores a variable; False when the name is a constant or reserved."""
-        if self.records.get(name, (None, VARIABLE))[1] & (CONSTANT_BIT | RESERVED_BIT):
+    def change(self, name, value, tolerance):
+        """Stores a variable; False when the name is a constant or reserved. The first spelling stays."""
+        old = self.records.get(name)
+        if old and old.kind & (CONSTANT_BIT | RESERVED_BIT):
             return False
-        self.records[name] = (value, VARIABLE, inexactness)
+        self.records[name] = Record(old.name if old else name, value, VARIABLE, "", tolerance)
         return True
+
+    def saved(self):
+        """The lines of a variable file, the last key first, each with its inexactness."""
+        for key in sorted(self.records, reverse=True):
+            record = self.records[key]
+            if record.kind == VARIABLE:
+                fields = [quoted(record.name), field_text(record.value), str(record.kind), quoted(record.description)]
+                yield ",".join(fields).encode("utf-8"), record.tolerance
+
+
+def quoted(text):
+    return '"' + text.replace('"', '""') + '"'
+
+
+def field_text(value):
+    if isinstance(value, bool):
+        return "#TRUE#" if value else "#FALSE#"
+    if isinstance(value, str):
+        return quoted(value)
+    return "" if value is None else shortest_text(value)
 
 
 def read_records(data):
@@ -48,7 +74,7 @@ def read_records(data):
             at += 1
         if len(fields) != 4:
             raise Failure(standard=62)
-        yield fields[0], fields[1], int(fields[2])
+        yield fields[0], fields[1], int(fields[2]), fields[3]
 
 
 def _read_field(text, at):
