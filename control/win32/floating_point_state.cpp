@@ -1,0 +1,50 @@
+#include "control/win32/floating_point_state.h"
+
+#include <xmmintrin.h>
+
+#include <cfloat>
+
+namespace plotvane::control::win32 {
+
+namespace {
+
+// The innermost entry of this thread. The state belongs to the thread, and so does what is known about it.
+thread_local OwnFloatingPoint* innermost = nullptr;
+
+// MXCSR after a reset: all traps masked, nearest, no flushing of subnormal numbers, no flags.
+constexpr unsigned kVectorState = 0x1F80;
+
+void SetOwnState() noexcept {
+  std::fenv_t ignored;
+  std::feholdexcept(&ignored);
+  std::fesetround(FE_TONEAREST);
+  // Only 32-bit code returns numbers through the unit whose precision can be set.
+  if constexpr (sizeof(void*) == 4) ::_control87(_MCW_EM | _RC_NEAR | _PC_53, _MCW_EM | _MCW_RC | _MCW_PC);
+  ::_mm_setcsr(kVectorState);
+}
+
+}  // namespace
+
+OwnFloatingPoint::OwnFloatingPoint() noexcept : mOuter(innermost) {
+  std::fegetenv(&mHost);
+  innermost = this;
+  SetOwnState();
+}
+
+OwnFloatingPoint::~OwnFloatingPoint() {
+  innermost = mOuter;
+  std::fesetenv(&mHost);
+}
+
+HostFloatingPoint::HostFloatingPoint() noexcept : mEntry(innermost) {
+  if (mEntry != nullptr) std::fesetenv(&mEntry->mHost);
+}
+
+HostFloatingPoint::~HostFloatingPoint() {
+  if (mEntry == nullptr) return;
+  // What the host changed for itself during the call is its new state.
+  std::fegetenv(&mEntry->mHost);
+  SetOwnState();
+}
+
+}  // namespace plotvane::control::win32
