@@ -9,10 +9,6 @@ namespace plotvane::control::com {
 
 namespace {
 
-bool IsLeftOut(const VARIANT& argument) noexcept {
-  return argument.vt == VT_ERROR && argument.scode == DISP_E_PARAMNOTFOUND;
-}
-
 std::size_t SizeOf(VARTYPE type) {
   switch (type) {
     case VT_I1:
@@ -55,7 +51,7 @@ CallArguments::CallArguments(const DISPPARAMS& given, std::size_t count)
     }
     if (mArguments[parameter] != nullptr) throw BadCall(DISP_E_BADPARAMCOUNT);
     VARIANT& argument = given.rgvarg[place];
-    if (!IsLeftOut(Dereferenced(argument))) mArguments[parameter] = &argument;
+    if (!IsLeftOut(argument)) mArguments[parameter] = &argument;
   }
 }
 

@@ -78,8 +78,6 @@ Variant Variant::Resolved(const VARIANT& value) {
   return copy;
 }
 
-bool Variant::IsMissing() const noexcept { return mValue.vt == VT_ERROR && mValue.scode == DISP_E_PARAMNOTFOUND; }
-
 VARIANT* Variant::Receive() noexcept {
   ::VariantClear(&mValue);
   return &mValue;
@@ -99,6 +97,11 @@ const VARIANT& Dereferenced(const VARIANT& value) noexcept {
   const VARIANT* present = &value;
   while (present->vt == (VT_BYREF | VT_VARIANT)) present = present->pvarVal;
   return *present;
+}
+
+bool IsLeftOut(const VARIANT& value) noexcept {
+  const VARIANT& present = Dereferenced(value);
+  return present.vt == VT_ERROR && present.scode == DISP_E_PARAMNOTFOUND;
 }
 
 Variant ConvertTo(VARTYPE type, const VARIANT& value) {
@@ -143,15 +146,25 @@ bool IsObject(const VARIANT& value) noexcept {
   return type == VT_DISPATCH || type == VT_UNKNOWN;
 }
 
-ComPtr<IDispatch> ObjectOf(const VARIANT& value) noexcept {
+namespace {
+
+// The object variable in `value`: its own, or the one it refers to. Null for all other types.
+IUnknown* const* ObjectVariable(const VARIANT& value) noexcept {
   const VARIANT& present = Dereferenced(value);
-  switch (present.vt) {
-    case VT_DISPATCH:
-    case VT_UNKNOWN: return ComPtr<IDispatch>::From(present.punkVal);
-    case VT_BYREF | VT_DISPATCH:
-    case VT_BYREF | VT_UNKNOWN: return ComPtr<IDispatch>::From(*present.ppunkVal);
-    default: return nullptr;
-  }
+  if (!IsObject(present)) return nullptr;
+  return (present.vt & VT_BYREF) != 0 ? present.ppunkVal : &present.punkVal;
+}
+
+}  // namespace
+
+bool HoldsObject(const VARIANT& value) noexcept {
+  IUnknown* const* variable = ObjectVariable(value);
+  return variable != nullptr && *variable != nullptr;
+}
+
+ComPtr<IDispatch> ObjectOf(const VARIANT& value) noexcept {
+  IUnknown* const* variable = ObjectVariable(value);
+  return ComPtr<IDispatch>::From(variable != nullptr ? *variable : nullptr);
 }
 
 }  // namespace plotvane::control::com

@@ -40,7 +40,6 @@ class Variant {
   [[nodiscard]] const VARIANT& Get() const noexcept { return mValue; }
   [[nodiscard]] VARIANT& Get() noexcept { return mValue; }
   [[nodiscard]] VARTYPE Type() const noexcept { return mValue.vt; }
-  [[nodiscard]] bool IsMissing() const noexcept;
 
   // Where a call writes a new value.
   [[nodiscard]] VARIANT* Receive() noexcept;
@@ -56,6 +55,9 @@ class Variant {
 // `value` itself, or what it refers to when it is a reference to another value (through any number of them).
 // A reference to anything but a value is returned as it is.
 [[nodiscard]] const VARIANT& Dereferenced(const VARIANT& value) noexcept;
+
+// Whether `value` (references followed) stands for an argument that a caller left out.
+[[nodiscard]] bool IsLeftOut(const VARIANT& value) noexcept;
 
 // Conversions by the rules of automation, in the invariant locale whatever the thread's is. References are
 // followed and an object stands for its default property. RunTimeError 13 when there is no conversion, 6 when the
@@ -73,6 +75,8 @@ class Variant {
 
 // Whether `value` (references followed) is of an object type, set or not.
 [[nodiscard]] bool IsObject(const VARIANT& value) noexcept;
+// The same, and it is set.
+[[nodiscard]] bool HoldsObject(const VARIANT& value) noexcept;
 // The object in `value`, references followed; empty when it holds none or one that cannot be automated.
 [[nodiscard]] ComPtr<IDispatch> ObjectOf(const VARIANT& value) noexcept;
 

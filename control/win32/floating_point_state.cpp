@@ -3,12 +3,13 @@
 #include <xmmintrin.h>
 
 #include <cfloat>
+#include <utility>
 
 namespace plotvane::control::win32 {
 
 namespace {
 
-// The innermost entry of this thread. The state belongs to the thread, and so does what is known about it.
+// The entry that this thread is inside of, null while it is in the host's code. The state belongs to the thread, and so does what is known about it.
 thread_local OwnFloatingPoint* innermost = nullptr;
 
 // MXCSR after a reset: all traps masked, nearest, no flushing of subnormal numbers, no flags.
@@ -25,22 +26,25 @@ void SetOwnState() noexcept {
 
 }  // namespace
 
-OwnFloatingPoint::OwnFloatingPoint() noexcept : mOuter(innermost) {
+OwnFloatingPoint::OwnFloatingPoint() noexcept : mOutermost(innermost == nullptr) {
+  if (!mOutermost) return;
   std::fegetenv(&mHost);
   innermost = this;
   SetOwnState();
 }
 
 OwnFloatingPoint::~OwnFloatingPoint() {
-  innermost = mOuter;
+  if (!mOutermost) return;
+  innermost = nullptr;
   std::fesetenv(&mHost);
 }
 
-HostFloatingPoint::HostFloatingPoint() noexcept : mEntry(innermost) {
+HostFloatingPoint::HostFloatingPoint() noexcept : mEntry(std::exchange(innermost, nullptr)) {
   if (mEntry != nullptr) std::fesetenv(&mEntry->mHost);
 }
 
 HostFloatingPoint::~HostFloatingPoint() {
+  innermost = mEntry;
   if (mEntry == nullptr) return;
   // What the host changed for itself during the call is its new state.
   std::fegetenv(&mEntry->mHost);

@@ -9,7 +9,8 @@
 
 namespace plotvane::control::win32 {
 
-// For the time of its life: all traps masked, rounding to nearest, 53 bits, subnormal numbers kept.
+// For the time of its life: all traps masked, rounding to nearest, 53 bits, subnormal numbers kept. One inside another
+// changes nothing, unless the host's code runs between them.
 class OwnFloatingPoint {
  public:
   OwnFloatingPoint() noexcept;
@@ -20,11 +21,11 @@ class OwnFloatingPoint {
  private:
   friend class HostFloatingPoint;
   std::fenv_t mHost;
-  OwnFloatingPoint* mOuter;
+  bool mOutermost;
 };
 
-// For the time of a call to the host from inside an entry: the state of the innermost entry's caller. Without an
-// entry it changes nothing.
+// For the time of a call to the host from inside an entry: the state of the entry's caller. Without an entry it
+// changes nothing.
 class HostFloatingPoint {
  public:
   HostFloatingPoint() noexcept;

@@ -1,0 +1,206 @@
+// In-place activation: the window in the container's, and the share of the user's attention.
+//
+// Every call to the site may deactivate, close or release the control. So each step asks afterwards whether the
+// activation that it belongs to is still the present one.
+#include <utility>
+
+#include "control/com/graph_object.h"
+#include "control/com/himetric.h"
+
+namespace plotvane::control::com {
+
+namespace {
+
+// Runs one call to the container in the host's floating-point state.
+template <typename Body>
+auto CallHost(Body&& body) {
+  const win32::HostFloatingPoint hostState;
+  return body();
+}
+
+}  // namespace
+
+// ---- Activation ----
+
+HRESULT GraphObject::ActivateInPlace(bool withUserInterface) {
+  if (!mSite) return E_UNEXPECTED;
+  if (!mInPlaceActive) {
+    const HRESULT entered = EnterInPlace();
+    if (FAILED(entered)) return entered;
+  }
+  mWindow->Show(true);
+  const auto client = ComPtr<IOleClientSite>(mSite.Get());
+  if (withUserInterface) {
+    const HRESULT activated = ActivateUserInterface();
+    if (FAILED(activated)) return activated;
+  }
+  if (client) CallHost([&] { client->ShowObject(); });
+  return S_OK;
+}
+
+HRESULT GraphObject::EnterInPlace() {
+  auto site = mSite.As<IOleInPlaceSite>();
+  if (!site) return E_NOINTERFACE;
+  const unsigned activation = ++mActivation;
+  const auto stillWanted = [&] { return activation == mActivation; };
+
+  if (CallHost([&] { return site->CanInPlaceActivate(); }) != S_OK || !stillWanted()) return E_FAIL;
+  const HRESULT announced = CallHost([&] { return site->OnInPlaceActivate(); });
+  if (FAILED(announced)) return announced;
+  mInPlaceActive = stillWanted();
+  mInPlaceSite = site;
+  if (!mInPlaceActive) {
+    // Undone meanwhile by somebody who could not know of the activation yet: take it back.
+    mInPlaceSite.Reset();
+    CallHost([&] { site->OnInPlaceDeactivate(); });
+    return E_ABORT;
+  }
+
+  HWND parent = nullptr;
+  RECT position{};
+  RECT clip{};
+  OLEINPLACEFRAMEINFO frameInfo{};
+  frameInfo.cb = sizeof frameInfo;
+  ComPtr<IOleInPlaceFrame> frame;
+  ComPtr<IOleInPlaceUIWindow> document;
+  HRESULT status = CallHost([&] { return site->GetWindow(&parent); });
+  if (SUCCEEDED(status)) {
+    status = CallHost(
+        [&] { return site->GetWindowContext(frame.Receive(), document.Receive(), &position, &clip, &frameInfo); });
+  }
+  if (!stillWanted()) return E_ABORT;
+  if (FAILED(status) || !mWindow->Create(parent, position)) {
+    DeactivateInPlace();
+    return FAILED(status) ? status : E_FAIL;
+  }
+  std::swap(mFrame, frame);
+  std::swap(mDocument, document);
+  return SetObjectRects(&position, &clip);
+}
+
+HRESULT GraphObject::ActivateUserInterface() {
+  if (mUserInterfaceActive) return S_OK;
+  const auto site = mInPlaceSite;
+  const auto frame = mFrame;
+  const auto document = mDocument;
+  if (!site) return E_UNEXPECTED;
+  const unsigned activation = mActivation;
+  const auto stillWanted = [&] { return activation == mActivation && mUserInterfaceActive; };
+
+  mUserInterfaceActive = true;
+  const HRESULT announced = CallHost([&] { return site->OnUIActivate(); });
+  if (FAILED(announced)) {
+    mUserInterfaceActive = false;
+    return announced;
+  }
+  if (stillWanted() && !mWindow->HasFocus()) mWindow->TakeFocus();
+  // The control brings no menu and no tool space of its own.
+  if (stillWanted() && frame) {
+    CallHost([&] {
+      frame->SetActiveObject(this, nullptr);
+      frame->SetBorderSpace(nullptr);
+    });
+  }
+  if (stillWanted() && document) {
+    CallHost([&] {
+      document->SetActiveObject(this, nullptr);
+      document->SetBorderSpace(nullptr);
+    });
+  }
+  return stillWanted() ? S_OK : E_ABORT;
+}
+
+void GraphObject::DeactivateUserInterface() noexcept {
+  if (!std::exchange(mUserInterfaceActive, false)) return;
+  const auto site = mInPlaceSite;
+  const auto frame = mFrame;
+  const auto document = mDocument;
+  CallHost([&] {
+    if (document) document->SetActiveObject(nullptr, nullptr);
+    if (frame) frame->SetActiveObject(nullptr, nullptr);
+    if (site) site->OnUIDeactivate(FALSE);
+  });
+}
+
+void GraphObject::DeactivateInPlace() noexcept {
+  ++mActivation;
+  DeactivateUserInterface();
+  if (!std::exchange(mInPlaceActive, false)) return;
+  mWindow->Destroy();
+  const auto site = std::exchange(mInPlaceSite, nullptr);
+  const auto frame = std::exchange(mFrame, nullptr);
+  const auto document = std::exchange(mDocument, nullptr);
+  CallHost([&] {
+    if (site) site->OnInPlaceDeactivate();
+  });
+}
+
+// ---- The window's news ----
+
+// A child of the control got the focus by a click or a Tab: the container is told as if it had activated the control.
+void GraphObject::GotFocus() {
+  const win32::OwnFloatingPoint ownState;
+  const ComPtr<IUnknown> alive(Identity());
+  if (!mInPlaceActive) return;
+  if (const auto control = mSite.As<IOleControlSite>()) CallHost([&] { control->OnFocus(TRUE); });
+  if (mInPlaceActive && !mUserInterfaceActive) static_cast<void>(ActivateUserInterface());
+}
+
+void GraphObject::LostFocus() {
+  const win32::OwnFloatingPoint ownState;
+  const ComPtr<IUnknown> alive(Identity());
+  if (!mInPlaceActive) return;
+  if (const auto control = mSite.As<IOleControlSite>()) CallHost([&] { control->OnFocus(FALSE); });
+}
+
+// ---- IOleWindow, IOleInPlaceObject ----
+
+HRESULT GraphObject::GetWindow(HWND* window) noexcept {
+  if (window == nullptr) return E_POINTER;
+  *window = mInPlaceActive ? mWindow->Handle() : nullptr;
+  return *window != nullptr ? S_OK : E_FAIL;
+}
+
+HRESULT GraphObject::ContextSensitiveHelp(BOOL) noexcept { return E_NOTIMPL; }
+
+HRESULT GraphObject::InPlaceDeactivate() noexcept {
+  return Enter([&] { DeactivateInPlace(); });
+}
+
+HRESULT GraphObject::UIDeactivate() noexcept {
+  return Enter([&] { DeactivateUserInterface(); });
+}
+
+HRESULT GraphObject::SetObjectRects(const RECT* position, const RECT* clip) noexcept {
+  if (position == nullptr) return E_POINTER;
+  return Enter([&] {
+    if (!mInPlaceActive) return;
+    mWindow->SetRect(*position);
+    mWindow->SetClip(clip);
+  });
+}
+
+HRESULT GraphObject::ReactivateAndUndo() noexcept { return INPLACE_E_NOTUNDOABLE; }
+
+// ---- IOleInPlaceActiveObject ----
+
+// The container first: it owns the keys that lead from one control to the next.
+HRESULT GraphObject::TranslateAccelerator(MSG* message) noexcept {
+  if (message == nullptr) return E_POINTER;
+  return Enter([&]() -> HRESULT {
+    if (const auto control = mSite.As<IOleControlSite>()) {
+      const DWORD modifiers = (::GetKeyState(VK_SHIFT) < 0 ? KEYMOD_SHIFT : 0U) |
+                              (::GetKeyState(VK_CONTROL) < 0 ? KEYMOD_CONTROL : 0U) |
+                              (::GetKeyState(VK_MENU) < 0 ? KEYMOD_ALT : 0U);
+      if (CallHost([&] { return control->TranslateAccelerator(message, modifiers); }) == S_OK) return S_OK;
+    }
+    return mInPlaceActive && mWindow->TranslateAccelerator(*message) ? S_OK : S_FALSE;
+  });
+}
+
+HRESULT GraphObject::OnFrameWindowActivate(BOOL) noexcept { return S_OK; }
+HRESULT GraphObject::OnDocWindowActivate(BOOL) noexcept { return S_OK; }
+HRESULT GraphObject::ResizeBorder(const RECT*, IOleInPlaceUIWindow*, BOOL) noexcept { return S_OK; }
+HRESULT GraphObject::EnableModeless(BOOL) noexcept { return S_OK; }
+
+}  // namespace plotvane::control::com
