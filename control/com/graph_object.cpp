@@ -69,7 +69,7 @@ HRESULT GraphObject::GetTypeInfo(UINT index, LCID, ITypeInfo** info) noexcept {
   *info = nullptr;
   if (index != 0) return DISP_E_BADINDEX;
   return Enter([&] {
-    TypeInfo();
+    static_cast<void>(TypeInfo());
     *info = mTypeInfo.Share();
   });
 }

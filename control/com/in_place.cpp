@@ -11,6 +11,16 @@ namespace plotvane::control::com {
 
 namespace {
 
+// The modifier keys as IOleControlSite::TranslateAccelerator takes them.
+constexpr DWORD kShiftHeld = 1;
+constexpr DWORD kControlHeld = 2;
+constexpr DWORD kAltHeld = 4;
+
+DWORD ModifiersHeld() noexcept {
+  return (::GetKeyState(VK_SHIFT) < 0 ? kShiftHeld : 0U) | (::GetKeyState(VK_CONTROL) < 0 ? kControlHeld : 0U) |
+         (::GetKeyState(VK_MENU) < 0 ? kAltHeld : 0U);
+}
+
 // Runs one call to the container in the host's floating-point state.
 template <typename Body>
 auto CallHost(Body&& body) {
@@ -189,9 +199,7 @@ HRESULT GraphObject::TranslateAccelerator(MSG* message) noexcept {
   if (message == nullptr) return E_POINTER;
   return Enter([&]() -> HRESULT {
     if (const auto control = mSite.As<IOleControlSite>()) {
-      const DWORD modifiers = (::GetKeyState(VK_SHIFT) < 0 ? KEYMOD_SHIFT : 0U) |
-                              (::GetKeyState(VK_CONTROL) < 0 ? KEYMOD_CONTROL : 0U) |
-                              (::GetKeyState(VK_MENU) < 0 ? KEYMOD_ALT : 0U);
+      const DWORD modifiers = ModifiersHeld();
       if (CallHost([&] { return control->TranslateAccelerator(message, modifiers); }) == S_OK) return S_OK;
     }
     return mInPlaceActive && mWindow->TranslateAccelerator(*message) ? S_OK : S_FALSE;

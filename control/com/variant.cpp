@@ -18,6 +18,9 @@ void OrThrow(HRESULT result) {
   if (FAILED(result)) throw RunTimeError(StandardErrorOf(result), StandardErrorTextOf(result));
 }
 
+// The copying calls do not write to their source, but some headers declare it as if they did.
+VARIANT* Source(const VARIANT& value) noexcept { return const_cast<VARIANT*>(&value); }
+
 }  // namespace
 
 Variant::Variant(bool value) noexcept : Variant() {
@@ -74,7 +77,7 @@ Variant Variant::Missing() noexcept {
 
 Variant Variant::Resolved(const VARIANT& value) {
   Variant copy;
-  OrThrow(::VariantCopyInd(&copy.mValue, &Dereferenced(value)));
+  OrThrow(::VariantCopyInd(&copy.mValue, Source(Dereferenced(value))));
   return copy;
 }
 
@@ -90,7 +93,7 @@ VARIANT Variant::Detach() noexcept {
 }
 
 void Variant::CopyFrom(const VARIANT& value) {
-  if (FAILED(::VariantCopy(&mValue, &value))) throw std::bad_alloc();
+  if (FAILED(::VariantCopy(&mValue, Source(value)))) throw std::bad_alloc();
 }
 
 const VARIANT& Dereferenced(const VARIANT& value) noexcept {
