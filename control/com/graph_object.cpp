@@ -25,13 +25,13 @@ ComPtr<IUnknown> GraphObject::Create(IUnknown* outer) {
 }
 
 GraphObject::GraphObject()
-    : mWindow(win32::ControlWindow::Make(ThisModule())),
+    : mWindow(win32::ControlWindow::Make(ThisModule(), std::make_shared<LiveObject>())),
       mGraph(Graph::Create(mWindow)),
       mEvents(Make<ConnectionPoint>(DIID___Graph, this)),
       mPropertyChanges(Make<ConnectionPoint>(IID_IPropertyNotifySink, this)),
       mExtent(HimetricOf(kDefaultSurfaceSize)) {
   mWindow->Attach(mGraph);
-  mWindow->SetHost(this);
+  mWindow->SetHost(&mWindowNews);
   mGraph->SetPlotDone([this] { RaisePlotDone(); });
 }
 

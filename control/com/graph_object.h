@@ -39,8 +39,7 @@ struct BaseOf<::_Graph> {
 class GraphObject final
     : public Implements<::_Graph, ISupportErrorInfo, IProvideClassInfo2, IConnectionPointContainer, IOleObject, IOleControl,
                         IOleInPlaceObject, IOleInPlaceActiveObject, IViewObjectEx, IDataObject, IPersistStreamInit,
-                        IPersistStorage, IPersistPropertyBag, IQuickActivate>,
-      private win32::ControlWindowHost {
+                        IPersistStorage, IPersistPropertyBag, IQuickActivate> {
  public:
   // For the class factory.
   [[nodiscard]] static ComPtr<IUnknown> Create(IUnknown* outer);
@@ -268,6 +267,18 @@ class GraphObject final
   HRESULT STDMETHODCALLTYPE GetContentExtent(SIZEL* extent) noexcept override;
 
  private:
+  // What the window tells the container, as the methods of the same names below.
+  class WindowNews final : public win32::ControlWindowHost {
+   public:
+    explicit WindowNews(GraphObject& object) noexcept : mObject(object) {}
+    void GotFocus() override { mObject.WindowGotFocus(); }
+    void LostFocus() override { mObject.WindowLostFocus(); }
+    void EnableModeless(bool enable) override { mObject.EnableHostWindows(enable); }
+
+   private:
+    GraphObject& mObject;
+  };
+
   void FinalRelease() noexcept override;
 
   // A method's body: see above.
@@ -299,8 +310,9 @@ class GraphObject final
   HRESULT ActivateUserInterface();
   void DeactivateUserInterface() noexcept;
   void DeactivateInPlace() noexcept;
-  void GotFocus() override;
-  void LostFocus() override;
+  void WindowGotFocus();
+  void WindowLostFocus();
+  void EnableHostWindows(bool enable);
   void ReadDesignMode();
 
   // ---- Size and picture ----
@@ -311,6 +323,7 @@ class GraphObject final
   ComPtr<ITypeInfo> mTypeInfo;  // of _Graph, once it has been asked for
   [[nodiscard]] ITypeInfo& TypeInfo();
 
+  WindowNews mWindowNews{*this};
   std::shared_ptr<win32::ControlWindow> mWindow;
   std::shared_ptr<Graph> mGraph;
 

@@ -148,7 +148,7 @@ void GraphObject::DeactivateInPlace() noexcept {
 // ---- The window's news ----
 
 // A child of the control got the focus by a click or a Tab: the container is told as if it had activated the control.
-void GraphObject::GotFocus() {
+void GraphObject::WindowGotFocus() {
   const win32::OwnFloatingPoint ownState;
   const ComPtr<IUnknown> alive(Identity());
   if (!mInPlaceActive) return;
@@ -156,11 +156,18 @@ void GraphObject::GotFocus() {
   if (mInPlaceActive && !mUserInterfaceActive) static_cast<void>(ActivateUserInterface());
 }
 
-void GraphObject::LostFocus() {
+void GraphObject::WindowLostFocus() {
   const win32::OwnFloatingPoint ownState;
   const ComPtr<IUnknown> alive(Identity());
   if (!mInPlaceActive) return;
   if (const auto control = mSite.As<IOleControlSite>()) CallHost([&] { control->OnFocus(FALSE); });
+}
+
+// A box of the control is open: the windows of the container that stand beside it are to be out of reach.
+void GraphObject::EnableHostWindows(bool enable) {
+  const win32::OwnFloatingPoint ownState;
+  const ComPtr<IUnknown> alive(Identity());
+  if (const auto frame = mFrame) CallHost([&] { frame->EnableModeless(enable ? TRUE : FALSE); });
 }
 
 // ---- IOleWindow, IOleInPlaceObject ----
