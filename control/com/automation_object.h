@@ -32,7 +32,9 @@ class Call {
 
   [[nodiscard]] bool Has(std::size_t parameter) const noexcept { return mArguments.At(parameter) != nullptr; }
   // Only for a parameter that the caller gave.
-  [[nodiscard]] const VARIANT& operator[](std::size_t parameter) const noexcept { return *mArguments.At(parameter); }
+  [[nodiscard]] const VARIANT& operator[](std::size_t parameter) const noexcept {
+    return *mArguments.At(parameter);
+  }
   // Gives the value of a by-reference parameter to the caller's variable.
   void Write(std::size_t parameter, const Variant& value) const {
     if (Has(parameter)) WriteBack(*mArguments.At(parameter), value);
@@ -46,7 +48,8 @@ template <typename Class>
 struct Member {
   const wchar_t* name;
   DISPID id;
-  WORD kinds;  // one of DISPATCH_METHOD, DISPATCH_PROPERTYGET, or DISPATCH_PROPERTYPUT with or without …PUTREF
+  WORD
+      kinds;  // one of DISPATCH_METHOD, DISPATCH_PROPERTYGET, or DISPATCH_PROPERTYPUT with or without …PUTREF
   std::array<const wchar_t*, kMostParameters> parameters;  // null after the last
   std::size_t required;                                    // the others may be left out
   Variant (Class::*perform)(const Call& call);
@@ -62,7 +65,8 @@ struct Member {
   return ::CompareStringOrdinal(one, -1, other, -1, TRUE) == CSTR_EQUAL;
 }
 
-// Fills the caller's `exception` from what `body` threw; DISP_E_EXCEPTION, or the status of a call that was not made.
+// Fills the caller's `exception` from what `body` threw; DISP_E_EXCEPTION, or the status of a call that was
+// not made.
 template <typename Body>
 HRESULT FenceInvoke(EXCEPINFO* exception, UINT* badArgument, Body&& body) noexcept {
   const HRESULT status = Fence([&]() -> HRESULT {
@@ -102,7 +106,8 @@ class AutomationObject : public Implements<IDispatch, More...> {
     return E_NOTIMPL;
   }
 
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID, DISPID* ids) noexcept override {
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID,
+                                          DISPID* ids) noexcept override {
     if (!::IsEqualIID(iid, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
     if (names == nullptr || ids == nullptr || count == 0) return E_INVALIDARG;
     for (UINT index = 0; index < count; ++index) ids[index] = DISPID_UNKNOWN;
@@ -117,8 +122,9 @@ class AutomationObject : public Implements<IDispatch, More...> {
     return status;
   }
 
-  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID iid, LCID, WORD kinds, DISPPARAMS* arguments, VARIANT* result,
-                                   EXCEPINFO* exception, UINT* badArgument) noexcept override {
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID iid, LCID, WORD kinds, DISPPARAMS* arguments,
+                                   VARIANT* result, EXCEPINFO* exception,
+                                   UINT* badArgument) noexcept override {
     if (!::IsEqualIID(iid, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
     if (arguments == nullptr) return E_INVALIDARG;
     if (result != nullptr) ::VariantInit(result);
@@ -152,7 +158,8 @@ class AutomationObject : public Implements<IDispatch, More...> {
 
   [[nodiscard]] static const Member<Class>* FindMember(DISPID id, WORD kinds) noexcept {
     // Scripts read a property with the kind of a method added.
-    const WORD wanted = (kinds & DISPATCH_METHOD) != 0 ? static_cast<WORD>(kinds | DISPATCH_PROPERTYGET) : kinds;
+    const WORD wanted =
+        (kinds & DISPATCH_METHOD) != 0 ? static_cast<WORD>(kinds | DISPATCH_PROPERTYGET) : kinds;
     for (const Member<Class>& member : Class::kMembers) {
       if (member.id == id && (member.kinds & wanted) != 0) return &member;
     }

@@ -30,7 +30,9 @@ class Bstr {
 
   [[nodiscard]] BSTR Get() const noexcept { return mText; }
   // A null automation string is the empty text.
-  [[nodiscard]] std::wstring_view View() const noexcept { return {mText != nullptr ? mText : L"", ::SysStringLen(mText)}; }
+  [[nodiscard]] std::wstring_view View() const noexcept {
+    return {mText != nullptr ? mText : L"", ::SysStringLen(mText)};
+  }
   [[nodiscard]] std::string Text() const { return Utf8(View()); }
 
   // Where a call writes a new string.

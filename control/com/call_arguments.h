@@ -26,9 +26,9 @@ class BadCall {
 
 class CallArguments {
  public:
-  // Sorts `given` (which comes last argument first, named ones in front) to `count` parameters; a named argument
-  // bears the index of its parameter, the value of a property write stands for the last parameter. BadCall when
-  // there are too many, when a name is unknown, or when a parameter is given twice.
+  // Sorts `given` (which comes last argument first, named ones in front) to `count` parameters; a named
+  // argument bears the index of its parameter, the value of a property write stands for the last parameter.
+  // BadCall when there are too many, when a name is unknown, or when a parameter is given twice.
   CallArguments(const DISPPARAMS& given, std::size_t count);
 
   // The argument of a parameter; null when it was left out.

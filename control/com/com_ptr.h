@@ -43,7 +43,8 @@ class ComPtr {
     ComPtr pointer;
     if (unknown == nullptr) return pointer;
     void* found = nullptr;
-    if (SUCCEEDED(unknown->QueryInterface(__uuidof(Interface), &found))) pointer.mObject = static_cast<Interface*>(found);
+    if (SUCCEEDED(unknown->QueryInterface(__uuidof(Interface), &found)))
+      pointer.mObject = static_cast<Interface*>(found);
     return pointer;
   }
 

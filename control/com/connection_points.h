@@ -24,7 +24,8 @@ class ConnectionPoint final : public Implements<IConnectionPoint> {
   void Disconnect() noexcept;
 
   HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID* iid) noexcept override;
-  HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer** container) noexcept override;
+  HRESULT STDMETHODCALLTYPE
+  GetConnectionPointContainer(IConnectionPointContainer** container) noexcept override;
   HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) noexcept override;
   HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) noexcept override;
   HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections** connections) noexcept override;

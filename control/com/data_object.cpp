@@ -64,7 +64,9 @@ HRESULT GraphObject::GetData(FORMATETC* format, STGMEDIUM* medium) noexcept {
   });
 }
 
-HRESULT GraphObject::GetDataHere(FORMATETC*, STGMEDIUM*) noexcept { return E_NOTIMPL; }
+HRESULT GraphObject::GetDataHere(FORMATETC*, STGMEDIUM*) noexcept {
+  return E_NOTIMPL;
+}
 
 HRESULT GraphObject::GetCanonicalFormatEtc(FORMATETC* wanted, FORMATETC* canonical) noexcept {
   if (wanted == nullptr || canonical == nullptr) return E_POINTER;
@@ -73,7 +75,9 @@ HRESULT GraphObject::GetCanonicalFormatEtc(FORMATETC* wanted, FORMATETC* canonic
   return DATA_S_SAMEFORMATETC;
 }
 
-HRESULT GraphObject::SetData(FORMATETC*, STGMEDIUM*, BOOL) noexcept { return E_NOTIMPL; }
+HRESULT GraphObject::SetData(FORMATETC*, STGMEDIUM*, BOOL) noexcept {
+  return E_NOTIMPL;
+}
 
 HRESULT GraphObject::EnumFormatEtc(DWORD direction, IEnumFORMATETC** formats) noexcept {
   if (formats == nullptr) return E_POINTER;
@@ -99,13 +103,16 @@ HRESULT GraphObject::DAdvise(FORMATETC* format, DWORD flags, IAdviseSink* sink, 
 }
 
 HRESULT GraphObject::DUnadvise(DWORD connection) noexcept {
-  return Enter([&]() -> HRESULT { return mDataAdvises ? mDataAdvises->Unadvise(connection) : OLE_E_NOCONNECTION; });
+  return Enter(
+      [&]() -> HRESULT { return mDataAdvises ? mDataAdvises->Unadvise(connection) : OLE_E_NOCONNECTION; });
 }
 
 HRESULT GraphObject::EnumDAdvise(IEnumSTATDATA** advises) noexcept {
   if (advises == nullptr) return E_POINTER;
   *advises = nullptr;
-  return Enter([&]() -> HRESULT { return mDataAdvises ? mDataAdvises->EnumAdvise(advises) : OLE_E_ADVISENOTSUPPORTED; });
+  return Enter([&]() -> HRESULT {
+    return mDataAdvises ? mDataAdvises->EnumAdvise(advises) : OLE_E_ADVISENOTSUPPORTED;
+  });
 }
 
 }  // namespace plotvane::control::com

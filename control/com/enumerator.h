@@ -47,7 +47,8 @@ class Enumerator final : public Implements<Interface> {
     if (given != nullptr) *given = 0;
     if (elements == nullptr || (given == nullptr && wanted != 1)) return E_POINTER;
     const auto count = static_cast<ULONG>(std::min<std::size_t>(wanted, mElements->size() - mNext));
-    for (ULONG index = 0; index < count; ++index) elements[index] = Giving<Element>::Give((*mElements)[mNext++]);
+    for (ULONG index = 0; index < count; ++index)
+      elements[index] = Giving<Element>::Give((*mElements)[mNext++]);
     if (given != nullptr) *given = count;
     return count == wanted ? S_OK : S_FALSE;
   }

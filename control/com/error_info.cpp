@@ -81,7 +81,8 @@ HostError::HostError(HRESULT status, const std::string& text, std::string source
 
 std::int32_t StandardErrorOf(HRESULT status) noexcept {
   const auto bits = static_cast<std::uint32_t>(status);
-  if ((bits & 0xFFFF0000) == kStandardErrors && bits != kStandardErrors) return static_cast<std::int32_t>(bits & 0xFFFF);
+  if ((bits & 0xFFFF0000) == kStandardErrors && bits != kStandardErrors)
+    return static_cast<std::int32_t>(bits & 0xFFFF);
   for (const StatusNumber& failure : kAutomationFailures) {
     if (failure.status == status) return static_cast<std::int32_t>(failure.number);
   }
@@ -102,8 +103,10 @@ void ThrowHostError(HRESULT status, EXCEPINFO& info) {
   if (status == DISP_E_EXCEPTION) {
     if (info.pfnDeferredFillIn != nullptr) static_cast<void>(info.pfnDeferredFillIn(&info));
     // An error is told by its status, or by an old-style code that counts as a standard error.
-    if (info.scode != S_OK) status = info.scode;
-    else if (info.wCode != 0) status = StatusOf(info.wCode);
+    if (info.scode != S_OK)
+      status = info.scode;
+    else if (info.wCode != 0)
+      status = StatusOf(info.wCode);
     if (SUCCEEDED(status)) status = E_FAIL;
   } else {
     // The call itself failed: an unknown name is the standard error 438, and so on.
@@ -120,9 +123,8 @@ HRESULT Report(const platform::RunTimeError& error) noexcept {
 }
 
 HRESULT Report(const HostError& error) noexcept {
-  return ReportTexts(error.Status(),
-                     {error.Source().empty() ? kSource : std::string_view(error.Source()), error.what(),
-                      error.HelpFile(), error.HelpContext()});
+  return ReportTexts(error.Status(), {error.Source().empty() ? kSource : std::string_view(error.Source()),
+                                      error.what(), error.HelpFile(), error.HelpContext()});
 }
 
 HRESULT Report(HRESULT status) noexcept {

@@ -1,5 +1,5 @@
-// Errors on their way between the system and automation: standard error n is the status 0x800A0000 + n, any other
-// status travels as its own number, and an error-information object carries the texts.
+// Errors on their way between the system and automation: standard error n is the status 0x800A0000 + n, any
+// other status travels as its own number, and an error-information object carries the texts.
 #pragma once
 
 #include <windows.h>
@@ -18,7 +18,8 @@ namespace plotvane::control::com {
 class HostError : public platform::RunTimeError {
  public:
   // `status` is a failure; `source` and `helpFile` may be empty, an empty `text` stands for the standard one.
-  HostError(HRESULT status, const std::string& text, std::string source, std::string helpFile, std::uint32_t helpContext);
+  HostError(HRESULT status, const std::string& text, std::string source, std::string helpFile,
+            std::uint32_t helpContext);
 
   [[nodiscard]] HRESULT Status() const noexcept { return mStatus; }
   [[nodiscard]] const std::string& Source() const noexcept { return mSource; }

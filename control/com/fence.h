@@ -12,8 +12,8 @@
 
 namespace plotvane::control::com {
 
-// Runs `body` with the system's floating-point state; S_OK (or the status that it returns) or the status of what it
-// threw.
+// Runs `body` with the system's floating-point state; S_OK (or the status that it returns) or the status of
+// what it threw.
 template <typename Body>
 HRESULT Fence(Body&& body) noexcept {
   const win32::OwnFloatingPoint ownState;

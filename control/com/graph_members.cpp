@@ -17,22 +17,50 @@ using platform::RunTimeError;
 using platform::StandardError;
 
 // Values on their way out; each throws rather than give half a value.
-void Give(double* out, double value) { *out = value; }
-void Give(float* out, float value) { *out = value; }
-void Give(short* out, std::int16_t value) { *out = value; }
-void Give(LONG* out, std::int32_t value) { *out = value; }
-void Give(VARIANT_BOOL* out, bool value) { *out = value ? VARIANT_TRUE : VARIANT_FALSE; }
-void Give(BSTR* out, const std::string& value) { *out = Bstr(value).Detach(); }
-void Give(::GraphCoordStyle* out, std::int32_t value) { *out = static_cast<::GraphCoordStyle>(value); }
-void Give(::DrawType* out, std::int32_t value) { *out = static_cast<::DrawType>(value); }
+void Give(double* out, double value) {
+  *out = value;
+}
+void Give(float* out, float value) {
+  *out = value;
+}
+void Give(short* out, std::int16_t value) {
+  *out = value;
+}
+void Give(LONG* out, std::int32_t value) {
+  *out = value;
+}
+void Give(VARIANT_BOOL* out, bool value) {
+  *out = value ? VARIANT_TRUE : VARIANT_FALSE;
+}
+void Give(BSTR* out, const std::string& value) {
+  *out = Bstr(value).Detach();
+}
+void Give(::GraphCoordStyle* out, std::int32_t value) {
+  *out = static_cast<::GraphCoordStyle>(value);
+}
+void Give(::DrawType* out, std::int32_t value) {
+  *out = static_cast<::DrawType>(value);
+}
 
 // Values on their way in. A boolean is true for every number but 0.
-double Take(double value) { return value; }
-float Take(float value) { return value; }
-bool Take(VARIANT_BOOL value) { return value != VARIANT_FALSE; }
-std::string Take(BSTR value) { return TextOf(value); }
-std::int32_t Take(::GraphCoordStyle value) { return static_cast<std::int32_t>(value); }
-std::int32_t Take(::DrawType value) { return static_cast<std::int32_t>(value); }
+double Take(double value) {
+  return value;
+}
+float Take(float value) {
+  return value;
+}
+bool Take(VARIANT_BOOL value) {
+  return value != VARIANT_FALSE;
+}
+std::string Take(BSTR value) {
+  return TextOf(value);
+}
+std::int32_t Take(::GraphCoordStyle value) {
+  return static_cast<std::int32_t>(value);
+}
+std::int32_t Take(::DrawType value) {
+  return static_cast<std::int32_t>(value);
+}
 
 // What a by-reference parameter refers to.
 template <typename Type>
@@ -74,7 +102,8 @@ HRESULT GraphObject::get_PIC(IDispatch** value) noexcept {
   return Enter([&] { *value = SurfaceForHost(mGraph->GetPIC()).Detach(); });
 }
 
-// A surface of this control or of another one is drawn on directly, any other object by the names of its members.
+// A surface of this control or of another one is drawn on directly, any other object by the names of its
+// members.
 HRESULT GraphObject::putref_PIC(IDispatch* value) noexcept {
   return Write(0x40030000, [&] {
     if (const auto own = OwnObjectOf<SurfaceObject>(value)) {
@@ -314,7 +343,8 @@ HRESULT GraphObject::get_VarTable(VARIANT* value) noexcept {
 }
 
 ComPtr<IDispatch> GraphObject::TableForHost(const std::shared_ptr<platform::VariableTable>& table) {
-  if (const auto* host = dynamic_cast<HostVariableTable*>(table.get())) return ComPtr<IDispatch>(host->Object());
+  if (const auto* host = dynamic_cast<HostVariableTable*>(table.get()))
+    return ComPtr<IDispatch>(host->Object());
   auto own = std::dynamic_pointer_cast<identifiers::clsVarTable>(table);
   if (!own) return nullptr;
   if (!mTableObject || mTableObject->Table() != own) mTableObject = Make<TableObject>(std::move(own));
@@ -406,12 +436,24 @@ HRESULT GraphObject::put_YSclStringEval(BSTR* value) noexcept {
 
 // ---- Methods ----
 
-HRESULT GraphObject::PlotAllY() noexcept { return Enter([&] { mGraph->PlotAllY(); }); }
-HRESULT GraphObject::EvaluateAndPlotEachPoint() noexcept { return Enter([&] { mGraph->EvaluateAndPlotEachPoint(); }); }
-HRESULT GraphObject::PlotPointXY() noexcept { return Enter([&] { mGraph->PlotPointXY(); }); }
-HRESULT GraphObject::MoveRangeToPointXY() noexcept { return Enter([&] { mGraph->MoveRangeToPointXY(); }); }
-HRESULT GraphObject::ZoomInXY() noexcept { return Enter([&] { mGraph->ZoomInXY(); }); }
-HRESULT GraphObject::ZoomOutXY() noexcept { return Enter([&] { mGraph->ZoomOutXY(); }); }
+HRESULT GraphObject::PlotAllY() noexcept {
+  return Enter([&] { mGraph->PlotAllY(); });
+}
+HRESULT GraphObject::EvaluateAndPlotEachPoint() noexcept {
+  return Enter([&] { mGraph->EvaluateAndPlotEachPoint(); });
+}
+HRESULT GraphObject::PlotPointXY() noexcept {
+  return Enter([&] { mGraph->PlotPointXY(); });
+}
+HRESULT GraphObject::MoveRangeToPointXY() noexcept {
+  return Enter([&] { mGraph->MoveRangeToPointXY(); });
+}
+HRESULT GraphObject::ZoomInXY() noexcept {
+  return Enter([&] { mGraph->ZoomInXY(); });
+}
+HRESULT GraphObject::ZoomOutXY() noexcept {
+  return Enter([&] { mGraph->ZoomOutXY(); });
+}
 
 HRESULT GraphObject::ZoomOutPixel(float* pixelX, float* pixelY) noexcept {
   return Enter([&] { mGraph->ZoomOutPixel(At(pixelX), At(pixelY)); });
@@ -421,16 +463,30 @@ HRESULT GraphObject::ZoomInPixel(float* pixelX, float* pixelY) noexcept {
   return Enter([&] { mGraph->ZoomInPixel(At(pixelX), At(pixelY)); });
 }
 
-HRESULT GraphObject::ZBoxPixel() noexcept { return Enter([&] { mGraph->ZBoxPixel(); }); }
-HRESULT GraphObject::ZStandard() noexcept { return Enter([&] { mGraph->ZStandard(); }); }
-HRESULT GraphObject::ZTrig() noexcept { return Enter([&] { mGraph->ZTrig(); }); }
+HRESULT GraphObject::ZBoxPixel() noexcept {
+  return Enter([&] { mGraph->ZBoxPixel(); });
+}
+HRESULT GraphObject::ZStandard() noexcept {
+  return Enter([&] { mGraph->ZStandard(); });
+}
+HRESULT GraphObject::ZTrig() noexcept {
+  return Enter([&] { mGraph->ZTrig(); });
+}
 HRESULT GraphObject::ZNum(double* pixelSize) noexcept {
   return Enter([&] { mGraph->ZNum(At(pixelSize)); });
 }
-HRESULT GraphObject::ZInt() noexcept { return Enter([&] { mGraph->ZInt(); }); }
-HRESULT GraphObject::ZDec() noexcept { return Enter([&] { mGraph->ZDec(); }); }
-HRESULT GraphObject::PrepareGraph() noexcept { return Enter([&] { mGraph->PrepareGraph(); }); }
-HRESULT GraphObject::ShowFormatEditor() noexcept { return Enter([&] { mGraph->ShowFormatEditor(); }); }
+HRESULT GraphObject::ZInt() noexcept {
+  return Enter([&] { mGraph->ZInt(); });
+}
+HRESULT GraphObject::ZDec() noexcept {
+  return Enter([&] { mGraph->ZDec(); });
+}
+HRESULT GraphObject::PrepareGraph() noexcept {
+  return Enter([&] { mGraph->PrepareGraph(); });
+}
+HRESULT GraphObject::ShowFormatEditor() noexcept {
+  return Enter([&] { mGraph->ShowFormatEditor(); });
+}
 
 // Everything is looked at before anything changes.
 HRESULT GraphObject::SetYArray(VARIANT* functions, VARIANT* redrawGraph) noexcept {

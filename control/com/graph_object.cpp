@@ -35,8 +35,8 @@ GraphObject::GraphObject()
   mGraph->SetPlotDone([this] { RaisePlotDone(); });
 }
 
-// The host may be anywhere in its own teardown: the window may be gone already, the site may or may not have been taken
-// away, and releasing each reference may call back.
+// The host may be anywhere in its own teardown: the window may be gone already, the site may or may not have
+// been taken away, and releasing each reference may call back.
 void GraphObject::FinalRelease() noexcept {
   const win32::OwnFloatingPoint ownState;
   mGraph->SetPlotDone(nullptr);
@@ -56,6 +56,11 @@ void GraphObject::FinalRelease() noexcept {
 ITypeInfo& GraphObject::TypeInfo() {
   if (!mTypeInfo) mTypeInfo = LoadOwnTypeInfo(IID__Graph);
   return *mTypeInfo.Get();
+}
+
+ITypeInfo& GraphObject::FunctionTable() {
+  if (!mFunctionTable) mFunctionTable = FunctionTableOf(TypeInfo());
+  return *mFunctionTable.Get();
 }
 
 HRESULT GraphObject::GetTypeInfoCount(UINT* count) noexcept {
@@ -85,7 +90,7 @@ HRESULT GraphObject::Invoke(DISPID id, REFIID iid, LCID, WORD kinds, DISPPARAMS*
   if (!::IsEqualIID(iid, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
   if (arguments == nullptr) return E_INVALIDARG;
   return Enter([&] {
-    return InvokeByTypeInfo(TypeInfo(), *this, id, kinds, *arguments, result, exception, badArgument);
+    return InvokeByTypeInfo(FunctionTable(), *this, id, kinds, *arguments, result, exception, badArgument);
   });
 }
 

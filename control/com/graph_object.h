@@ -1,13 +1,14 @@
-// GraphObject: the COM object `Plotvane.Graph`: the portable control and its window behind the interfaces that hosts of
-// controls expect.
+// GraphObject: the COM object `Plotvane.Graph`: the portable control and its window behind the interfaces
+// that hosts of controls expect.
 //
-// Nothing here but translation: a method clears its outputs, calls the portable control, converts, returns. Every method
-// that does more than hand out a value runs inside Enter: the object stays alive until it returns whatever the host does
-// meanwhile, it has its own floating-point state, and a failure leaves as a status with error information.
+// Nothing here but translation: a method clears its outputs, calls the portable control, converts, returns.
+// Every method that does more than hand out a value runs inside Enter: the object stays alive until it
+// returns whatever the host does meanwhile, it has its own floating-point state, and a failure leaves as a
+// status with error information.
 //
-// One source file for each group of interfaces: graph_object.cpp (making and ending, dispatch, class information,
-// events), graph_members.cpp (_Graph), ole_object.cpp, in_place.cpp, ole_control.cpp, view_object.cpp,
-// data_object.cpp, persistence.cpp.
+// One source file for each group of interfaces: graph_object.cpp (making and ending, dispatch, class
+// information, events), graph_members.cpp (_Graph), ole_object.cpp, in_place.cpp, ole_control.cpp,
+// view_object.cpp, data_object.cpp, persistence.cpp.
 #pragma once
 
 #include <windows.h>
@@ -37,9 +38,10 @@ struct BaseOf<::_Graph> {
 };
 
 class GraphObject final
-    : public Implements<::_Graph, ISupportErrorInfo, IProvideClassInfo2, IConnectionPointContainer, IOleObject, IOleControl,
-                        IOleInPlaceObject, IOleInPlaceActiveObject, IViewObjectEx, IDataObject, IPersistStreamInit,
-                        IPersistStorage, IPersistPropertyBag, IQuickActivate> {
+    : public Implements<::_Graph, ISupportErrorInfo, IProvideClassInfo2, IConnectionPointContainer,
+                        IOleObject, IOleControl, IOleInPlaceObject, IOleInPlaceActiveObject, IViewObjectEx,
+                        IDataObject, IPersistStreamInit, IPersistStorage, IPersistPropertyBag,
+                        IQuickActivate> {
  public:
   // For the class factory.
   [[nodiscard]] static ComPtr<IUnknown> Create(IUnknown* outer);
@@ -50,9 +52,11 @@ class GraphObject final
   // ---- IDispatch ----
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override;
   HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) noexcept override;
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) noexcept override;
-  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID iid, LCID locale, WORD kinds, DISPPARAMS* arguments, VARIANT* result,
-                                   EXCEPINFO* exception, UINT* badArgument) noexcept override;
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale,
+                                          DISPID* ids) noexcept override;
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID iid, LCID locale, WORD kinds, DISPPARAMS* arguments,
+                                   VARIANT* result, EXCEPINFO* exception,
+                                   UINT* badArgument) noexcept override;
 
   // ---- _Graph, in the order of its function table ----
   HRESULT STDMETHODCALLTYPE get_PIC(IDispatch** value) noexcept override;
@@ -212,28 +216,33 @@ class GraphObject final
   HRESULT STDMETHODCALLTYPE TranslateAccelerator(MSG* message) noexcept override;
   HRESULT STDMETHODCALLTYPE OnFrameWindowActivate(BOOL active) noexcept override;
   HRESULT STDMETHODCALLTYPE OnDocWindowActivate(BOOL active) noexcept override;
-  HRESULT STDMETHODCALLTYPE ResizeBorder(const RECT* border, IOleInPlaceUIWindow* window, BOOL frame) noexcept override;
+  HRESULT STDMETHODCALLTYPE ResizeBorder(const RECT* border, IOleInPlaceUIWindow* window,
+                                         BOOL frame) noexcept override;
   HRESULT STDMETHODCALLTYPE EnableModeless(BOOL enable) noexcept override;
 
   // ---- IViewObjectEx ----
-  HRESULT STDMETHODCALLTYPE Draw(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* target, HDC targetContext,
-                                 HDC context, const RECTL* bounds, const RECTL* windowBounds,
-                                 BOOL(STDMETHODCALLTYPE* proceed)(ULONG_PTR), ULONG_PTR proceedArgument) noexcept override;
+  HRESULT STDMETHODCALLTYPE Draw(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* target,
+                                 HDC targetContext, HDC context, const RECTL* bounds,
+                                 const RECTL* windowBounds, BOOL(STDMETHODCALLTYPE* proceed)(ULONG_PTR),
+                                 ULONG_PTR proceedArgument) noexcept override;
   HRESULT STDMETHODCALLTYPE GetColorSet(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* target,
                                         HDC targetContext, LOGPALETTE** colours) noexcept override;
-  HRESULT STDMETHODCALLTYPE Freeze(DWORD aspect, LONG index, void* aspectInfo, DWORD* freeze) noexcept override;
+  HRESULT STDMETHODCALLTYPE Freeze(DWORD aspect, LONG index, void* aspectInfo,
+                                   DWORD* freeze) noexcept override;
   HRESULT STDMETHODCALLTYPE Unfreeze(DWORD freeze) noexcept override;
   HRESULT STDMETHODCALLTYPE SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) noexcept override;
   HRESULT STDMETHODCALLTYPE GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) noexcept override;
-  HRESULT STDMETHODCALLTYPE GetExtent(DWORD aspect, LONG index, DVTARGETDEVICE* target, SIZEL* extent) noexcept override;
+  HRESULT STDMETHODCALLTYPE GetExtent(DWORD aspect, LONG index, DVTARGETDEVICE* target,
+                                      SIZEL* extent) noexcept override;
   HRESULT STDMETHODCALLTYPE GetRect(DWORD aspect, RECTL* rect) noexcept override;
   HRESULT STDMETHODCALLTYPE GetViewStatus(DWORD* status) noexcept override;
   HRESULT STDMETHODCALLTYPE QueryHitPoint(DWORD aspect, const RECT* bounds, POINT point, LONG close,
                                           DWORD* hit) noexcept override;
   HRESULT STDMETHODCALLTYPE QueryHitRect(DWORD aspect, const RECT* bounds, const RECT* rect, LONG close,
                                          DWORD* hit) noexcept override;
-  HRESULT STDMETHODCALLTYPE GetNaturalExtent(DWORD aspect, LONG index, DVTARGETDEVICE* target, HDC targetContext,
-                                             DVEXTENTINFO* info, SIZEL* extent) noexcept override;
+  HRESULT STDMETHODCALLTYPE GetNaturalExtent(DWORD aspect, LONG index, DVTARGETDEVICE* target,
+                                             HDC targetContext, DVEXTENTINFO* info,
+                                             SIZEL* extent) noexcept override;
 
   // ---- IDataObject ----
   HRESULT STDMETHODCALLTYPE GetData(FORMATETC* format, STGMEDIUM* medium) noexcept override;
@@ -242,7 +251,8 @@ class GraphObject final
   HRESULT STDMETHODCALLTYPE GetCanonicalFormatEtc(FORMATETC* wanted, FORMATETC* canonical) noexcept override;
   HRESULT STDMETHODCALLTYPE SetData(FORMATETC* format, STGMEDIUM* medium, BOOL release) noexcept override;
   HRESULT STDMETHODCALLTYPE EnumFormatEtc(DWORD direction, IEnumFORMATETC** formats) noexcept override;
-  HRESULT STDMETHODCALLTYPE DAdvise(FORMATETC* format, DWORD flags, IAdviseSink* sink, DWORD* connection) noexcept override;
+  HRESULT STDMETHODCALLTYPE DAdvise(FORMATETC* format, DWORD flags, IAdviseSink* sink,
+                                    DWORD* connection) noexcept override;
   HRESULT STDMETHODCALLTYPE DUnadvise(DWORD connection) noexcept override;
   HRESULT STDMETHODCALLTYPE EnumDAdvise(IEnumSTATDATA** advises) noexcept override;
 
@@ -320,8 +330,11 @@ class GraphObject final
   void DrawPicture(HDC context, const RECT& bounds);
   void PictureChanged() noexcept;
 
-  ComPtr<ITypeInfo> mTypeInfo;  // of _Graph, once it has been asked for
+  // The descriptions of _Graph, loaded when they are first asked for.
   [[nodiscard]] ITypeInfo& TypeInfo();
+  [[nodiscard]] ITypeInfo& FunctionTable();
+  ComPtr<ITypeInfo> mTypeInfo;
+  ComPtr<ITypeInfo> mFunctionTable;
 
   WindowNews mWindowNews{*this};
   std::shared_ptr<win32::ControlWindow> mWindow;

@@ -18,7 +18,8 @@ PixelsPerInch ScreenPixelsPerInch() noexcept {
 
 SIZEL HimetricOf(PixelSize size) noexcept {
   const PixelsPerInch resolution = ScreenPixelsPerInch();
-  return {::MulDiv(size.width, kHimetricPerInch, resolution.x), ::MulDiv(size.height, kHimetricPerInch, resolution.y)};
+  return {::MulDiv(size.width, kHimetricPerInch, resolution.x),
+          ::MulDiv(size.height, kHimetricPerInch, resolution.y)};
 }
 
 PixelSize PixelsOf(const SIZEL& extent) noexcept {

@@ -71,12 +71,24 @@ ComPtr<IDispatch> ElementOf(SAFEARRAY& array, VARTYPE type, LONG index) {
 
 HostFunction::HostFunction(ComPtr<IDispatch> object) : mObject(std::move(object), kFields) {}
 
-std::string HostFunction::GetEquation() { return ToText(mObject.Read(kEquation).Get()); }
-bool HostFunction::GetEnabled() { return ToBool(mObject.Read(kEnabled).Get()); }
-std::int32_t HostFunction::GetDrawStyle() { return ToInt32(mObject.Read(kDrawStyle).Get()); }
-std::int32_t HostFunction::GetDrawColor() { return ToInt32(mObject.Read(kDrawColor).Get()); }
-bool HostFunction::GetQuickRedraw() { return ToBool(mObject.Read(kQuickRedraw).Get()); }
-void HostFunction::SetQuickRedraw(bool valid) { mObject.Write(kQuickRedraw, Variant(valid)); }
+std::string HostFunction::GetEquation() {
+  return ToText(mObject.Read(kEquation).Get());
+}
+bool HostFunction::GetEnabled() {
+  return ToBool(mObject.Read(kEnabled).Get());
+}
+std::int32_t HostFunction::GetDrawStyle() {
+  return ToInt32(mObject.Read(kDrawStyle).Get());
+}
+std::int32_t HostFunction::GetDrawColor() {
+  return ToInt32(mObject.Read(kDrawColor).Get());
+}
+bool HostFunction::GetQuickRedraw() {
+  return ToBool(mObject.Read(kQuickRedraw).Get());
+}
+void HostFunction::SetQuickRedraw(bool valid) {
+  mObject.Write(kQuickRedraw, Variant(valid));
+}
 
 HostFunctions FunctionsOf(const VARIANT& array, const HostFunctions& known) {
   SAFEARRAY& elements = ArrayOf(array);

@@ -1,8 +1,8 @@
-// HostFunction: a Y function over an object of the host with the members Equation, Enabled, DrawStyle, DrawColor and
-// QuickRedraw.
+// HostFunction: a Y function over an object of the host with the members Equation, Enabled, DrawStyle,
+// DrawColor and QuickRedraw.
 //
-// Such an object has no path of its own, so the adapter keeps it. QuickRedraw is the host's: it is read from and
-// written to the object.
+// Such an object has no path of its own, so the adapter keeps it. QuickRedraw is the host's: it is read from
+// and written to the object.
 #pragma once
 
 #include <memory>
@@ -35,11 +35,11 @@ class HostFunction final : public graph::YFunction {
 
 using HostFunctions = std::vector<std::shared_ptr<HostFunction>>;
 
-// The functions of a host's array: elements 1 to its upper bound, whatever lies below 1 is not looked at. An object
-// that is among `known` keeps its adapter, and with it the path drawn last.
+// The functions of a host's array: elements 1 to its upper bound, whatever lies below 1 is not looked at. An
+// object that is among `known` keeps its adapter, and with it the path drawn last.
 //
-// RunTimeError 13 when `array` holds no array, 9 for more than one dimension, an upper bound below 0 or a missing
-// element, 6 for an upper bound above 32,767, 424 for an element that is no object.
+// RunTimeError 13 when `array` holds no array, 9 for more than one dimension, an upper bound below 0 or a
+// missing element, 6 for an upper bound above 32,767, 424 for an element that is no object.
 [[nodiscard]] HostFunctions FunctionsOf(const VARIANT& array, const HostFunctions& known);
 
 }  // namespace plotvane::control::com

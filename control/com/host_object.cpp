@@ -64,10 +64,13 @@ Variant HostObject::State::Invoke(std::size_t member, WORD kinds, DISPPARAMS& ar
   EXCEPINFO exception{};
   HRESULT status = S_OK;
   {
-    VARIANT* wanted = (kinds & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) == 0 ? result.Receive() : nullptr;
+    VARIANT* wanted =
+        (kinds & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) == 0 ? result.Receive() : nullptr;
     const win32::HostFloatingPoint hostState;
-    status = extended ? extended->InvokeEx(id, LOCALE_USER_DEFAULT, kinds, &arguments, wanted, &exception, nullptr)
-                      : object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kinds, &arguments, wanted, &exception, nullptr);
+    status = extended
+                 ? extended->InvokeEx(id, LOCALE_USER_DEFAULT, kinds, &arguments, wanted, &exception, nullptr)
+                 : object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kinds, &arguments, wanted, &exception,
+                                  nullptr);
   }
   if (FAILED(status)) ThrowHostError(status, exception);
   return result;
@@ -76,7 +79,9 @@ Variant HostObject::State::Invoke(std::size_t member, WORD kinds, DISPPARAMS& ar
 HostObject::HostObject(ComPtr<IDispatch> object, Names names)
     : mState(std::make_shared<State>(std::move(object), names)) {}
 
-IDispatch* HostObject::Get() const noexcept { return mState->object.Get(); }
+IDispatch* HostObject::Get() const noexcept {
+  return mState->object.Get();
+}
 
 bool HostObject::Has(std::size_t member) const {
   const auto state = mState;

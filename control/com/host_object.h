@@ -1,9 +1,9 @@
 // HostObject: an object of the host that is called by the names of its members.
 //
-// The identifiers behind the names are asked for once, at the first use of each. Objects that do not answer names the
-// plain way (classes of some script engines) are asked through IDispatchEx. Every call runs with the host's
-// floating-point state, and may do anything to the control and to the adapter that calls. Failures come as HostError;
-// a name that the object does not have is error 438.
+// The identifiers behind the names are asked for once, at the first use of each. Objects that do not answer
+// names the plain way (classes of some script engines) are asked through IDispatchEx. Every call runs with
+// the host's floating-point state, and may do anything to the control and to the adapter that calls. Failures
+// come as HostError; a name that the object does not have is error 438.
 #pragma once
 
 #include <windows.h>

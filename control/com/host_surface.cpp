@@ -22,15 +22,20 @@ enum Operation : std::size_t {
   kMousePointer,
   kHdc,
 };
-constexpr std::array kOperations{L"Clear",       L"SetPixel", L"DrawLine",          L"Refresh",      L"ScaleWidth",
-                                 L"ScaleHeight", L"PenWidth", L"PersistentDrawing", L"MousePointer", L"hDC"};
+constexpr std::array kOperations{L"Clear",        L"SetPixel",    L"DrawLine", L"Refresh",
+                                 L"ScaleWidth",   L"ScaleHeight", L"PenWidth", L"PersistentDrawing",
+                                 L"MousePointer", L"hDC"};
 
 }  // namespace
 
 HostSurface::HostSurface(ComPtr<IDispatch> object) : mObject(std::move(object), kOperations) {}
 
-void HostSurface::Clear() { mObject.Call(kClear, {}); }
-void HostSurface::Refresh() { mObject.Call(kRefresh, {}); }
+void HostSurface::Clear() {
+  mObject.Call(kClear, {});
+}
+void HostSurface::Refresh() {
+  mObject.Call(kRefresh, {});
+}
 
 void HostSurface::SetPixel(PixelPoint point, Colour colour) {
   mObject.Call(kSetPixel, std::array{Variant(point.x), Variant(point.y), Variant(colour)});
@@ -49,10 +54,18 @@ void HostSurface::Line(PixelPoint from, PixelPoint to) {
   mObject.Call(kDrawLine, std::array{Variant(from.x), Variant(from.y), Variant(to.x), Variant(to.y)});
 }
 
-double HostSurface::ScaleWidth() { return ToDouble(mObject.Read(kScaleWidth).Get()); }
-double HostSurface::ScaleHeight() { return ToDouble(mObject.Read(kScaleHeight).Get()); }
-std::int16_t HostSurface::GetPenWidth() { return ToInt16(mObject.Read(kPenWidth).Get()); }
-void HostSurface::SetPenWidth(std::int16_t width) { mObject.Write(kPenWidth, Variant(width)); }
+double HostSurface::ScaleWidth() {
+  return ToDouble(mObject.Read(kScaleWidth).Get());
+}
+double HostSurface::ScaleHeight() {
+  return ToDouble(mObject.Read(kScaleHeight).Get());
+}
+std::int16_t HostSurface::GetPenWidth() {
+  return ToInt16(mObject.Read(kPenWidth).Get());
+}
+void HostSurface::SetPenWidth(std::int16_t width) {
+  mObject.Write(kPenWidth, Variant(width));
+}
 
 void HostSurface::SetPersistentDrawing(bool on) {
   if (mObject.Has(kPersistentDrawing)) mObject.Write(kPersistentDrawing, Variant(on));
@@ -62,6 +75,8 @@ void HostSurface::SetPointer(graph::PointerKind kind) {
   if (mObject.Has(kMousePointer)) mObject.Write(kMousePointer, Variant(static_cast<std::int16_t>(kind)));
 }
 
-std::int32_t HostSurface::DeviceContext() { return mObject.Has(kHdc) ? ToInt32(mObject.Read(kHdc).Get()) : 0; }
+std::int32_t HostSurface::DeviceContext() {
+  return mObject.Has(kHdc) ? ToInt32(mObject.Read(kHdc).Get()) : 0;
+}
 
 }  // namespace plotvane::control::com

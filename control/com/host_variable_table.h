@@ -12,8 +12,8 @@ class HostVariableTable final : public platform::VariableTable {
 
   [[nodiscard]] IDispatch* Object() const noexcept { return mObject.Get(); }
 
-  // GetIdValue(Id, Value) with Value by reference; a variant that the host left as something no identifier can hold
-  // is error 13.
+  // GetIdValue(Id, Value) with Value by reference; a variant that the host left as something no identifier
+  // can hold is error 13.
   [[nodiscard]] bool GetIdValue(std::string_view id, platform::Value& value) override;
   [[nodiscard]] bool Change(std::string_view id, const platform::Value& value) override;
 

@@ -3,10 +3,10 @@
 //   class Answer final : public Implements<IDispatch, ISupportErrorInfo> { … };
 //   ComPtr<Answer> answer = Make<Answer>(42);
 //
-// The first interface is the object's identity. An interface that extends another one than IUnknown names it in
-// BaseOf, so that asking for either gives the same pointer. The object is born with one reference, counts as a live
-// object of the module, and can become part of an outer object: a container may wrap a control in an object of its
-// own, to which all three methods of IUnknown then belong.
+// The first interface is the object's identity. An interface that extends another one than IUnknown names it
+// in BaseOf, so that asking for either gives the same pointer. The object is born with one reference, counts
+// as a live object of the module, and can become part of an outer object: a container may wrap a control in
+// an object of its own, to which all three methods of IUnknown then belong.
 #pragma once
 
 #include <windows.h>

@@ -1,7 +1,7 @@
 // In-place activation: the window in the container's, and the share of the user's attention.
 //
-// Every call to the site may deactivate, close or release the control. So each step asks afterwards whether the
-// activation that it belongs to is still the present one.
+// Every call to the site may deactivate, close or release the control. So each step asks afterwards whether
+// the activation that it belongs to is still the present one.
 #include <utility>
 
 #include "control/com/graph_object.h"
@@ -17,8 +17,8 @@ constexpr DWORD kControlHeld = 2;
 constexpr DWORD kAltHeld = 4;
 
 DWORD ModifiersHeld() noexcept {
-  return (::GetKeyState(VK_SHIFT) < 0 ? kShiftHeld : 0U) | (::GetKeyState(VK_CONTROL) < 0 ? kControlHeld : 0U) |
-         (::GetKeyState(VK_MENU) < 0 ? kAltHeld : 0U);
+  return (::GetKeyState(VK_SHIFT) < 0 ? kShiftHeld : 0U) |
+         (::GetKeyState(VK_CONTROL) < 0 ? kControlHeld : 0U) | (::GetKeyState(VK_MENU) < 0 ? kAltHeld : 0U);
 }
 
 // Runs one call to the container in the host's floating-point state.
@@ -75,8 +75,9 @@ HRESULT GraphObject::EnterInPlace() {
   ComPtr<IOleInPlaceUIWindow> document;
   HRESULT status = CallHost([&] { return site->GetWindow(&parent); });
   if (SUCCEEDED(status)) {
-    status = CallHost(
-        [&] { return site->GetWindowContext(frame.Receive(), document.Receive(), &position, &clip, &frameInfo); });
+    status = CallHost([&] {
+      return site->GetWindowContext(frame.Receive(), document.Receive(), &position, &clip, &frameInfo);
+    });
   }
   if (!stillWanted()) return E_ABORT;
   if (FAILED(status) || !mWindow->Create(parent, position)) {
@@ -147,7 +148,8 @@ void GraphObject::DeactivateInPlace() noexcept {
 
 // ---- The window's news ----
 
-// A child of the control got the focus by a click or a Tab: the container is told as if it had activated the control.
+// A child of the control got the focus by a click or a Tab: the container is told as if it had activated the
+// control.
 void GraphObject::WindowGotFocus() {
   const win32::OwnFloatingPoint ownState;
   const ComPtr<IUnknown> alive(Identity());
@@ -178,7 +180,9 @@ HRESULT GraphObject::GetWindow(HWND* window) noexcept {
   return *window != nullptr ? S_OK : E_FAIL;
 }
 
-HRESULT GraphObject::ContextSensitiveHelp(BOOL) noexcept { return E_NOTIMPL; }
+HRESULT GraphObject::ContextSensitiveHelp(BOOL) noexcept {
+  return E_NOTIMPL;
+}
 
 HRESULT GraphObject::InPlaceDeactivate() noexcept {
   return Enter([&] { DeactivateInPlace(); });
@@ -197,7 +201,9 @@ HRESULT GraphObject::SetObjectRects(const RECT* position, const RECT* clip) noex
   });
 }
 
-HRESULT GraphObject::ReactivateAndUndo() noexcept { return INPLACE_E_NOTUNDOABLE; }
+HRESULT GraphObject::ReactivateAndUndo() noexcept {
+  return INPLACE_E_NOTUNDOABLE;
+}
 
 // ---- IOleInPlaceActiveObject ----
 
@@ -213,9 +219,17 @@ HRESULT GraphObject::TranslateAccelerator(MSG* message) noexcept {
   });
 }
 
-HRESULT GraphObject::OnFrameWindowActivate(BOOL) noexcept { return S_OK; }
-HRESULT GraphObject::OnDocWindowActivate(BOOL) noexcept { return S_OK; }
-HRESULT GraphObject::ResizeBorder(const RECT*, IOleInPlaceUIWindow*, BOOL) noexcept { return S_OK; }
-HRESULT GraphObject::EnableModeless(BOOL) noexcept { return S_OK; }
+HRESULT GraphObject::OnFrameWindowActivate(BOOL) noexcept {
+  return S_OK;
+}
+HRESULT GraphObject::OnDocWindowActivate(BOOL) noexcept {
+  return S_OK;
+}
+HRESULT GraphObject::ResizeBorder(const RECT*, IOleInPlaceUIWindow*, BOOL) noexcept {
+  return S_OK;
+}
+HRESULT GraphObject::EnableModeless(BOOL) noexcept {
+  return S_OK;
+}
 
 }  // namespace plotvane::control::com

@@ -10,11 +10,19 @@ constinit std::atomic<long> liveObjects{0};
 
 }  // namespace
 
-long LiveObjectCount() noexcept { return liveObjects.load(); }
+long LiveObjectCount() noexcept {
+  return liveObjects.load();
+}
 
-LiveObject::LiveObject() noexcept { ++liveObjects; }
-LiveObject::~LiveObject() { --liveObjects; }
+LiveObject::LiveObject() noexcept {
+  ++liveObjects;
+}
+LiveObject::~LiveObject() {
+  --liveObjects;
+}
 
-void LockModule(bool lock) noexcept { liveObjects += lock ? 1 : -1; }
+void LockModule(bool lock) noexcept {
+  liveObjects += lock ? 1 : -1;
+}
 
 }  // namespace plotvane::control::com

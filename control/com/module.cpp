@@ -31,7 +31,9 @@ extern "C" HRESULT STDMETHODCALLTYPE DllGetClassObject(REFCLSID classId, REFIID 
   return Fence([&] { return Make<ClassFactory>(&GraphObject::Create)->QueryInterface(iid, object); });
 }
 
-extern "C" HRESULT STDMETHODCALLTYPE DllCanUnloadNow() { return LiveObjectCount() == 0 ? S_OK : S_FALSE; }
+extern "C" HRESULT STDMETHODCALLTYPE DllCanUnloadNow() {
+  return LiveObjectCount() == 0 ? S_OK : S_FALSE;
+}
 
 extern "C" HRESULT STDMETHODCALLTYPE DllRegisterServer() {
   return Fence([] { return Register(RegistrationScope::Machine); });
@@ -42,5 +44,6 @@ extern "C" HRESULT STDMETHODCALLTYPE DllUnregisterServer() {
 }
 
 extern "C" HRESULT STDMETHODCALLTYPE DllInstall(BOOL install, LPCWSTR commandLine) {
-  return Fence([&] { return install != FALSE ? Register(ScopeOf(commandLine)) : Unregister(ScopeOf(commandLine)); });
+  return Fence(
+      [&] { return install != FALSE ? Register(ScopeOf(commandLine)) : Unregister(ScopeOf(commandLine)); });
 }

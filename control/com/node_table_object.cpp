@@ -47,14 +47,30 @@ std::vector<platform::Value> ValuesOf(const VARIANT& argument) {
 
 // ---- NodeObject ----
 
-Variant NodeObject::GetId(const Call&) { return Variant(std::string_view(mNode->Id)); }
-Variant NodeObject::GetValue(const Call&) { return Variant(mNode->Value); }
-Variant NodeObject::GetFlags(const Call&) { return mNode->Flags ? Variant(*mNode->Flags) : Variant(); }
-Variant NodeObject::GetDescription(const Call&) { return Variant(std::string_view(mNode->Description)); }
-Variant NodeObject::GetLeft(const Call&) { return Child(mNode->LeftExists, mNode->Left); }
-Variant NodeObject::GetRight(const Call&) { return Child(mNode->RightExists, mNode->Right); }
-Variant NodeObject::GetLeftExists(const Call&) { return Variant(mNode->LeftExists); }
-Variant NodeObject::GetRightExists(const Call&) { return Variant(mNode->RightExists); }
+Variant NodeObject::GetId(const Call&) {
+  return Variant(std::string_view(mNode->Id));
+}
+Variant NodeObject::GetValue(const Call&) {
+  return Variant(mNode->Value);
+}
+Variant NodeObject::GetFlags(const Call&) {
+  return mNode->Flags ? Variant(*mNode->Flags) : Variant();
+}
+Variant NodeObject::GetDescription(const Call&) {
+  return Variant(std::string_view(mNode->Description));
+}
+Variant NodeObject::GetLeft(const Call&) {
+  return Child(mNode->LeftExists, mNode->Left);
+}
+Variant NodeObject::GetRight(const Call&) {
+  return Child(mNode->RightExists, mNode->Right);
+}
+Variant NodeObject::GetLeftExists(const Call&) {
+  return Variant(mNode->LeftExists);
+}
+Variant NodeObject::GetRightExists(const Call&) {
+  return Variant(mNode->RightExists);
+}
 
 Variant NodeObject::PutValue(const Call& call) {
   mNode->Value = ToValue(call[0]);
@@ -101,8 +117,12 @@ Variant NodeTableObject::AddNode(const Call& call) {
   return {};
 }
 
-Variant NodeTableObject::Search(const Call& call) { return Variant(mTable->Search(ToText(call[0]))); }
-Variant NodeTableObject::Remove(const Call& call) { return Variant(mTable->Remove(ToText(call[0]))); }
+Variant NodeTableObject::Search(const Call& call) {
+  return Variant(mTable->Search(ToText(call[0])));
+}
+Variant NodeTableObject::Remove(const Call& call) {
+  return Variant(mTable->Remove(ToText(call[0])));
+}
 
 Variant NodeTableObject::RemoveCurrent(const Call&) {
   mTable->RemoveCurrent();
@@ -119,18 +139,30 @@ Variant NodeTableObject::FindLeftFoot(const Call& call) {
   return {};
 }
 
-Variant NodeTableObject::GetHeadNode(const Call&) { return ObjectFor(mTable->HeadNode()); }
-Variant NodeTableObject::GetCurrentNode(const Call&) { return ObjectFor(mTable->CurrentNode); }
-Variant NodeTableObject::GetParentNode(const Call&) { return ObjectFor(mTable->ParentNode()); }
-Variant NodeTableObject::GetHasNodes(const Call&) { return Variant(mTable->HasNodes()); }
-Variant NodeTableObject::GetAllowDuplicateId(const Call&) { return Variant(mTable->AllowDuplicateId); }
+Variant NodeTableObject::GetHeadNode(const Call&) {
+  return ObjectFor(mTable->HeadNode());
+}
+Variant NodeTableObject::GetCurrentNode(const Call&) {
+  return ObjectFor(mTable->CurrentNode);
+}
+Variant NodeTableObject::GetParentNode(const Call&) {
+  return ObjectFor(mTable->ParentNode());
+}
+Variant NodeTableObject::GetHasNodes(const Call&) {
+  return Variant(mTable->HasNodes());
+}
+Variant NodeTableObject::GetAllowDuplicateId(const Call&) {
+  return Variant(mTable->AllowDuplicateId);
+}
 
 Variant NodeTableObject::PutAllowDuplicateId(const Call& call) {
   mTable->AllowDuplicateId = ToBool(call[0]);
   return {};
 }
 
-Variant NodeTableObject::GetAddLowerCase(const Call&) { return Variant(mTable->AddLowerCase); }
+Variant NodeTableObject::GetAddLowerCase(const Call&) {
+  return Variant(mTable->AddLowerCase);
+}
 
 Variant NodeTableObject::PutAddLowerCase(const Call& call) {
   mTable->AddLowerCase = ToBool(call[0]);

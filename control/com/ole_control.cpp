@@ -47,7 +47,8 @@ HRESULT GraphObject::OnMnemonic(MSG* message) noexcept {
 
 HRESULT GraphObject::OnAmbientPropertyChange(DISPID id) noexcept {
   return Enter([&] {
-    if (id == DISPID_UNKNOWN || id == DISPID_AMBIENT_USERMODE || id == DISPID_AMBIENT_UIDEAD) ReadDesignMode();
+    if (id == DISPID_UNKNOWN || id == DISPID_AMBIENT_USERMODE || id == DISPID_AMBIENT_UIDEAD)
+      ReadDesignMode();
     mWindow->RefreshAppearance();
   });
 }
@@ -67,6 +68,8 @@ HRESULT GraphObject::FreezeEvents(BOOL freeze) noexcept {
   });
 }
 
-void GraphObject::ReadDesignMode() { mGraph->SetDesignMode(!mSite.IsRunning()); }
+void GraphObject::ReadDesignMode() {
+  mGraph->SetDesignMode(!mSite.IsRunning());
+}
 
 }  // namespace plotvane::control::com

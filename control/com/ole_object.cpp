@@ -51,7 +51,9 @@ HRESULT GraphObject::GetClientSite(IOleClientSite** site) noexcept {
   return S_OK;
 }
 
-HRESULT GraphObject::SetHostNames(LPCOLESTR, LPCOLESTR) noexcept { return S_OK; }
+HRESULT GraphObject::SetHostNames(LPCOLESTR, LPCOLESTR) noexcept {
+  return S_OK;
+}
 
 // There is nothing to save, whatever `saving` asks.
 HRESULT GraphObject::Close(DWORD) noexcept {
@@ -64,7 +66,9 @@ HRESULT GraphObject::Close(DWORD) noexcept {
   });
 }
 
-HRESULT GraphObject::SetMoniker(DWORD, IMoniker*) noexcept { return E_NOTIMPL; }
+HRESULT GraphObject::SetMoniker(DWORD, IMoniker*) noexcept {
+  return E_NOTIMPL;
+}
 
 HRESULT GraphObject::GetMoniker(DWORD, DWORD, IMoniker** moniker) noexcept {
   if (moniker == nullptr) return E_POINTER;
@@ -72,7 +76,9 @@ HRESULT GraphObject::GetMoniker(DWORD, DWORD, IMoniker** moniker) noexcept {
   return E_NOTIMPL;
 }
 
-HRESULT GraphObject::InitFromData(IDataObject*, BOOL, DWORD) noexcept { return E_NOTIMPL; }
+HRESULT GraphObject::InitFromData(IDataObject*, BOOL, DWORD) noexcept {
+  return E_NOTIMPL;
+}
 
 HRESULT GraphObject::GetClipboardData(DWORD, IDataObject** data) noexcept {
   if (data == nullptr) return E_POINTER;
@@ -103,16 +109,23 @@ HRESULT GraphObject::EnumVerbs(IEnumOLEVERB** verbs) noexcept {
   if (verbs == nullptr) return E_POINTER;
   *verbs = nullptr;
   return Enter([&] {
-    const OLEVERB edit{OLEIVERB_PRIMARY, const_cast<LPOLESTR>(kEditVerb), MF_STRING, OLEVERBATTRIB_ONCONTAINERMENU};
+    const OLEVERB edit{OLEIVERB_PRIMARY, const_cast<LPOLESTR>(kEditVerb), MF_STRING,
+                       OLEVERBATTRIB_ONCONTAINERMENU};
     *verbs = Enumerate<IEnumOLEVERB, OLEVERB>({edit});
   });
 }
 
 // ---- Class ----
 
-HRESULT GraphObject::Update() noexcept { return S_OK; }
-HRESULT GraphObject::IsUpToDate() noexcept { return S_OK; }
-HRESULT GraphObject::GetUserClassID(CLSID* id) noexcept { return GetClassID(id); }
+HRESULT GraphObject::Update() noexcept {
+  return S_OK;
+}
+HRESULT GraphObject::IsUpToDate() noexcept {
+  return S_OK;
+}
+HRESULT GraphObject::GetUserClassID(CLSID* id) noexcept {
+  return GetClassID(id);
+}
 
 HRESULT GraphObject::GetUserType(DWORD, LPOLESTR* type) noexcept {
   if (type == nullptr) return E_POINTER;
@@ -126,7 +139,9 @@ HRESULT GraphObject::GetMiscStatus(DWORD aspect, DWORD* status) noexcept {
   return S_OK;
 }
 
-HRESULT GraphObject::SetColorScheme(LOGPALETTE*) noexcept { return E_NOTIMPL; }
+HRESULT GraphObject::SetColorScheme(LOGPALETTE*) noexcept {
+  return E_NOTIMPL;
+}
 
 // ---- Size ----
 
@@ -175,7 +190,8 @@ HRESULT GraphObject::EnumAdvise(IEnumSTATDATA** advises) noexcept {
 
 // ---- IQuickActivate ----
 
-// One call in place of the usual dozen: everything the container offers is taken, everything it asks for is told.
+// One call in place of the usual dozen: everything the container offers is taken, everything it asks for is
+// told.
 HRESULT GraphObject::QuickActivate(QACONTAINER* container, QACONTROL* control) noexcept {
   if (container == nullptr || control == nullptr) return E_POINTER;
   if (container->cbSize < sizeof(QACONTAINER) || control->cbSize < sizeof(QACONTROL)) return E_UNEXPECTED;
@@ -187,13 +203,18 @@ HRESULT GraphObject::QuickActivate(QACONTAINER* container, QACONTROL* control) n
     if (container->pPropertyNotifySink != nullptr) {
       mPropertyChanges->Advise(container->pPropertyNotifySink, &control->dwPropNotifyCookie);
     }
-    if (container->pUnkEventSink != nullptr) mEvents->Advise(container->pUnkEventSink, &control->dwEventCookie);
+    if (container->pUnkEventSink != nullptr)
+      mEvents->Advise(container->pUnkEventSink, &control->dwEventCookie);
     GetMiscStatus(DVASPECT_CONTENT, &control->dwMiscStatus);
     GetViewStatus(&control->dwViewStatus);
   });
 }
 
-HRESULT GraphObject::SetContentExtent(SIZEL* extent) noexcept { return SetExtent(DVASPECT_CONTENT, extent); }
-HRESULT GraphObject::GetContentExtent(SIZEL* extent) noexcept { return GetExtent(DVASPECT_CONTENT, extent); }
+HRESULT GraphObject::SetContentExtent(SIZEL* extent) noexcept {
+  return SetExtent(DVASPECT_CONTENT, extent);
+}
+HRESULT GraphObject::GetContentExtent(SIZEL* extent) noexcept {
+  return GetExtent(DVASPECT_CONTENT, extent);
+}
 
 }  // namespace plotvane::control::com

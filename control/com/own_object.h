@@ -9,8 +9,9 @@
 
 namespace plotvane::control::com {
 
-// Answered only by automation objects of the control. Another module in the same process may be another version of
-// this one, so the answer names the module, and only an object of the same module is used directly.
+// Answered only by automation objects of the control. Another module in the same process may be another
+// version of this one, so the answer names the module, and only an object of the same module is used
+// directly.
 struct OwnObject : public IUnknown {
   [[nodiscard]] virtual const void* STDMETHODCALLTYPE ModuleTag() noexcept = 0;
 };
@@ -28,5 +29,5 @@ template <typename Class>
 
 }  // namespace plotvane::control::com
 
-__CRT_UUID_DECL(plotvane::control::com::OwnObject, 0x5d8e7ff3, 0x7a1c, 0x4f0e, 0x93, 0x0d, 0x51, 0xc6, 0x2e, 0xb8, 0x04,
-                0x9d)
+__CRT_UUID_DECL(plotvane::control::com::OwnObject, 0x5d8e7ff3, 0x7a1c, 0x4f0e, 0x93, 0x0d, 0x51, 0xc6, 0x2e,
+                0xb8, 0x04, 0x9d)

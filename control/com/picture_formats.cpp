@@ -17,12 +17,15 @@ Handle Required(Handle handle) {
   return handle;
 }
 
-RECT BoundsOf(PixelSize size) { return {0, 0, size.width, size.height}; }
+RECT BoundsOf(PixelSize size) {
+  return {0, 0, size.width, size.height};
+}
 
 // Memory in which a format travels; given away with Detach.
 class MovableMemory {
  public:
-  explicit MovableMemory(std::size_t size) : mHandle(Required(::GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, size))) {}
+  explicit MovableMemory(std::size_t size)
+      : mHandle(Required(::GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, size))) {}
   ~MovableMemory() {
     if (mHandle != nullptr) ::GlobalFree(mHandle);
   }

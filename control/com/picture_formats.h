@@ -12,9 +12,10 @@ namespace plotvane::control::com {
 // Draws the picture into a device context, filling `bounds`.
 using DrawPictureInto = std::function<void(HDC context, const RECT& bounds)>;
 
-// A picture of `extent` hundredths of a millimetre, drawn as `size` pixels. The caller owns what is answered; RunTimeError
-// 7 when the system has no memory for it.
-[[nodiscard]] HENHMETAFILE MakeEnhancedMetafile(const SIZEL& extent, PixelSize size, const DrawPictureInto& draw);
+// A picture of `extent` hundredths of a millimetre, drawn as `size` pixels. The caller owns what is answered;
+// RunTimeError 7 when the system has no memory for it.
+[[nodiscard]] HENHMETAFILE MakeEnhancedMetafile(const SIZEL& extent, PixelSize size,
+                                                const DrawPictureInto& draw);
 // A METAFILEPICT in movable memory.
 [[nodiscard]] HGLOBAL MakeMetafilePicture(const SIZEL& extent, PixelSize size, const DrawPictureInto& draw);
 // A 24-bit device-independent bitmap in movable memory, header first.

@@ -34,7 +34,9 @@ std::wstring GuidText(REFGUID guid) {
   return text;
 }
 
-std::wstring LibraryKey() { return L"TypeLib\\" + GuidText(LIBID_Plotvane) + L"\\" + kHexVersion; }
+std::wstring LibraryKey() {
+  return L"TypeLib\\" + GuidText(LIBID_Plotvane) + L"\\" + kHexVersion;
+}
 
 void AddClass(std::vector<RegistryEntry>& entries, const std::wstring& path) {
   const std::wstring key = L"CLSID\\" + GuidText(CLSID_Graph);
@@ -69,7 +71,8 @@ void AddLibrary(std::vector<RegistryEntry>& entries, const std::wstring& path) {
   entries.push_back({key + L"\\HELPDIR", L"", path.substr(0, path.find_last_of(L'\\')), true});
 }
 
-void AddInterface(std::vector<RegistryEntry>& entries, REFGUID guid, const wchar_t* name, const wchar_t* marshaller) {
+void AddInterface(std::vector<RegistryEntry>& entries, REFGUID guid, const wchar_t* name,
+                  const wchar_t* marshaller) {
   const std::wstring key = L"Interface\\" + GuidText(guid);
   entries.push_back({key, L"", name});
   entries.push_back({key + L"\\ProxyStubClsid32", L"", marshaller});
@@ -95,17 +98,18 @@ class Key {
 
 LSTATUS OpenClasses(RegistrationScope scope, REGSAM access, Key& classes) {
   const HKEY root = scope == RegistrationScope::User ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
-  return ::RegCreateKeyExW(root, L"Software\\Classes", 0, nullptr, 0, access, nullptr, classes.Receive(), nullptr);
+  return ::RegCreateKeyExW(root, L"Software\\Classes", 0, nullptr, 0, access, nullptr, classes.Receive(),
+                           nullptr);
 }
 
 LSTATUS WriteEntry(HKEY classes, const RegistryEntry& entry) {
   Key key;
-  const LSTATUS made =
-      ::RegCreateKeyExW(classes, entry.key.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, key.Receive(), nullptr);
+  const LSTATUS made = ::RegCreateKeyExW(classes, entry.key.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr,
+                                         key.Receive(), nullptr);
   if (made != ERROR_SUCCESS || (entry.name.empty() && entry.value.empty())) return made;
   const auto size = static_cast<DWORD>((entry.value.size() + 1) * sizeof(wchar_t));
-  return ::RegSetValueExW(key.Get(), entry.name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(entry.value.c_str()),
-                          size);
+  return ::RegSetValueExW(key.Get(), entry.name.c_str(), 0, REG_SZ,
+                          reinterpret_cast<const BYTE*>(entry.value.c_str()), size);
 }
 
 // The entry's value, then its key when nothing is left in it.
@@ -114,13 +118,14 @@ LSTATUS RemoveEntry(HKEY classes, const RegistryEntry& entry) {
   DWORD values = 0;
   {
     Key key;
-    const LSTATUS opened = ::RegOpenKeyExW(classes, entry.key.c_str(), 0, KEY_SET_VALUE | KEY_QUERY_VALUE, key.Receive());
+    const LSTATUS opened =
+        ::RegOpenKeyExW(classes, entry.key.c_str(), 0, KEY_SET_VALUE | KEY_QUERY_VALUE, key.Receive());
     if (opened == ERROR_FILE_NOT_FOUND) return ERROR_SUCCESS;
     if (opened != ERROR_SUCCESS) return opened;
     const LSTATUS removed = ::RegDeleteValueW(key.Get(), entry.name.c_str());
     if (removed != ERROR_SUCCESS && removed != ERROR_FILE_NOT_FOUND) return removed;
-    const LSTATUS counted = ::RegQueryInfoKeyW(key.Get(), nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values,
-                                               nullptr, nullptr, nullptr, nullptr);
+    const LSTATUS counted = ::RegQueryInfoKeyW(key.Get(), nullptr, nullptr, nullptr, &keys, nullptr, nullptr,
+                                               &values, nullptr, nullptr, nullptr, nullptr);
     if (counted != ERROR_SUCCESS) return counted;
   }
   return keys == 0 && values == 0 ? ::RegDeleteKeyW(classes, entry.key.c_str()) : ERROR_SUCCESS;

@@ -1,4 +1,5 @@
-// Registration: the control's entries in the registry, written by one list and removed by the same list backwards.
+// Registration: the control's entries in the registry, written by one list and removed by the same list
+// backwards.
 #pragma once
 
 #include <windows.h>
@@ -28,7 +29,8 @@ struct RegistryEntry {
 // What registering the library file `path` writes, parents before their children.
 [[nodiscard]] std::vector<RegistryEntry> RegistryEntries(const std::wstring& path);
 
-// Writes all entries for this module's file; on a failure those written are removed again. The status is the system's.
+// Writes all entries for this module's file; on a failure those written are removed again. The status is the
+// system's.
 HRESULT Register(RegistrationScope scope);
 // Removes all entries that are there; keys into which somebody else wrote something stay with that.
 HRESULT Unregister(RegistrationScope scope);

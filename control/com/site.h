@@ -13,8 +13,9 @@
 
 namespace plotvane::control::com {
 
-// Containers implement different parts of this: what a site does not answer is taken for its usual value. Every call
-// goes to the host's code, which may do anything to the control meanwhile, and runs in the host's floating-point state.
+// Containers implement different parts of this: what a site does not answer is taken for its usual value.
+// Every call goes to the host's code, which may do anything to the control meanwhile, and runs in the host's
+// floating-point state.
 class Site {
  public:
   // Null for a control without a container.

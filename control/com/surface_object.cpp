@@ -44,9 +44,15 @@ Variant SurfaceObject::Refresh(const Call&) {
   return {};
 }
 
-Variant SurfaceObject::GetScaleWidth(const Call&) { return Variant(mSurface->ScaleWidth()); }
-Variant SurfaceObject::GetScaleHeight(const Call&) { return Variant(mSurface->ScaleHeight()); }
-Variant SurfaceObject::GetPenWidth(const Call&) { return Variant(mSurface->GetPenWidth()); }
+Variant SurfaceObject::GetScaleWidth(const Call&) {
+  return Variant(mSurface->ScaleWidth());
+}
+Variant SurfaceObject::GetScaleHeight(const Call&) {
+  return Variant(mSurface->ScaleHeight());
+}
+Variant SurfaceObject::GetPenWidth(const Call&) {
+  return Variant(mSurface->GetPenWidth());
+}
 
 Variant SurfaceObject::PutPenWidth(const Call& call) {
   mSurface->SetPenWidth(ToInt16(call[0]));
@@ -68,6 +74,8 @@ Variant SurfaceObject::PutMousePointer(const Call& call) {
   return {};
 }
 
-Variant SurfaceObject::GetHdc(const Call&) { return Variant(mSurface->DeviceContext()); }
+Variant SurfaceObject::GetHdc(const Call&) {
+  return Variant(mSurface->DeviceContext());
+}
 
 }  // namespace plotvane::control::com

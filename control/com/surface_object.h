@@ -31,12 +31,18 @@ class SurfaceObject final : public AutomationObject<SurfaceObject, OwnObject> {
   Variant PutMousePointer(const Call& call);
   Variant GetHdc(const Call& call);
 
-  // The same names that a host's own surface object answers. Without a colour the surface's foreground colour is used.
+  // The same names that a host's own surface object answers. Without a colour the surface's foreground colour
+  // is used.
   static constexpr std::array kMembers{
       Member<SurfaceObject>{L"Clear", 1, DISPATCH_METHOD, {}, 0, &SurfaceObject::Clear},
-      Member<SurfaceObject>{L"SetPixel", 2, DISPATCH_METHOD, {L"X", L"Y", L"Color"}, 2, &SurfaceObject::SetPixel},
       Member<SurfaceObject>{
-          L"DrawLine", 3, DISPATCH_METHOD, {L"X1", L"Y1", L"X2", L"Y2", L"Color"}, 4, &SurfaceObject::DrawLine},
+          L"SetPixel", 2, DISPATCH_METHOD, {L"X", L"Y", L"Color"}, 2, &SurfaceObject::SetPixel},
+      Member<SurfaceObject>{L"DrawLine",
+                            3,
+                            DISPATCH_METHOD,
+                            {L"X1", L"Y1", L"X2", L"Y2", L"Color"},
+                            4,
+                            &SurfaceObject::DrawLine},
       Member<SurfaceObject>{L"Refresh", 4, DISPATCH_METHOD, {}, 0, &SurfaceObject::Refresh},
       Member<SurfaceObject>{L"ScaleWidth", 5, DISPATCH_PROPERTYGET, {}, 0, &SurfaceObject::GetScaleWidth},
       Member<SurfaceObject>{L"ScaleHeight", 6, DISPATCH_PROPERTYGET, {}, 0, &SurfaceObject::GetScaleHeight},
@@ -44,7 +50,8 @@ class SurfaceObject final : public AutomationObject<SurfaceObject, OwnObject> {
       Member<SurfaceObject>{L"PenWidth", 7, DISPATCH_PROPERTYPUT, {L"Width"}, 1, &SurfaceObject::PutPenWidth},
       Member<SurfaceObject>{
           L"PersistentDrawing", 8, DISPATCH_PROPERTYPUT, {L"On"}, 1, &SurfaceObject::PutPersistentDrawing},
-      Member<SurfaceObject>{L"MousePointer", 9, DISPATCH_PROPERTYPUT, {L"Kind"}, 1, &SurfaceObject::PutMousePointer},
+      Member<SurfaceObject>{
+          L"MousePointer", 9, DISPATCH_PROPERTYPUT, {L"Kind"}, 1, &SurfaceObject::PutMousePointer},
       Member<SurfaceObject>{L"hDC", 10, DISPATCH_PROPERTYGET, {}, 0, &SurfaceObject::GetHdc},
   };
 

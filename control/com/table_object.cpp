@@ -42,7 +42,9 @@ Variant TableObject::GetIdType(const Call& call) {
   return Variant(found);
 }
 
-Variant TableObject::IdExists(const Call& call) { return Variant(mTable->IdExists(ToText(call[0]))); }
+Variant TableObject::IdExists(const Call& call) {
+  return Variant(mTable->IdExists(ToText(call[0])));
+}
 
 Variant TableObject::GetId(const Call& call) {
   platform::Value value;
@@ -57,7 +59,9 @@ Variant TableObject::GetId(const Call& call) {
   return Variant(found);
 }
 
-Variant TableObject::Remove(const Call& call) { return Variant(mTable->Remove(ToText(call[0]))); }
+Variant TableObject::Remove(const Call& call) {
+  return Variant(mTable->Remove(ToText(call[0])));
+}
 
 Variant TableObject::Rename(const Call& call) {
   return Variant(mTable->Rename(ToText(call[0]), ToText(call[1])));
@@ -97,14 +101,18 @@ Variant TableObject::LoadOtherConstData(const Call&) {
   return {};
 }
 
-Variant TableObject::GetReservedWriteAccess(const Call&) { return Variant(mTable->ReservedWriteAccess); }
+Variant TableObject::GetReservedWriteAccess(const Call&) {
+  return Variant(mTable->ReservedWriteAccess);
+}
 
 Variant TableObject::PutReservedWriteAccess(const Call& call) {
   mTable->ReservedWriteAccess = ToBool(call[0]);
   return {};
 }
 
-Variant TableObject::GetConstWriteAccess(const Call&) { return Variant(mTable->ConstWriteAccess); }
+Variant TableObject::GetConstWriteAccess(const Call&) {
+  return Variant(mTable->ConstWriteAccess);
+}
 
 Variant TableObject::PutConstWriteAccess(const Call& call) {
   mTable->ConstWriteAccess = ToBool(call[0]);

@@ -33,7 +33,9 @@ class Member {
   Member(const Member&) = delete;
   Member& operator=(const Member&) = delete;
 
-  [[nodiscard]] std::size_t ParameterCount() const noexcept { return static_cast<std::size_t>(mFunction->cParams); }
+  [[nodiscard]] std::size_t ParameterCount() const noexcept {
+    return static_cast<std::size_t>(mFunction->cParams);
+  }
   [[nodiscard]] const ELEMDESC& Parameter(std::size_t index) const noexcept {
     return mFunction->lprgelemdescParam[index];
   }
@@ -43,7 +45,9 @@ class Member {
   [[nodiscard]] bool IsOptional(std::size_t index) const noexcept {
     return (Parameter(index).paramdesc.wParamFlags & PARAMFLAG_FOPT) != 0;
   }
-  [[nodiscard]] bool HasResult() const noexcept { return ParameterCount() > 0 && IsResult(ParameterCount() - 1); }
+  [[nodiscard]] bool HasResult() const noexcept {
+    return ParameterCount() > 0 && IsResult(ParameterCount() - 1);
+  }
   [[nodiscard]] ULONG_PTR TableOffset() const noexcept { return static_cast<ULONG_PTR>(mFunction->oVft); }
 
  private:
@@ -68,7 +72,9 @@ struct ParameterType {
 };
 
 // The enumerations of the library are 32-bit whole numbers; nothing else in it is of a type of its own.
-VARTYPE PlainType(VARTYPE type) noexcept { return type == VT_USERDEFINED ? static_cast<VARTYPE>(VT_I4) : type; }
+VARTYPE PlainType(VARTYPE type) noexcept {
+  return type == VT_USERDEFINED ? static_cast<VARTYPE>(VT_I4) : type;
+}
 
 ParameterType TypeOf(const ELEMDESC& parameter) noexcept {
   const TYPEDESC& type = parameter.tdesc;
@@ -103,8 +109,8 @@ class Frame {
     VARIANT status;
     ::VariantInit(&status);
     const HRESULT called =
-        ::DispCallFunc(&object, member.TableOffset(), CC_STDCALL, VT_ERROR, static_cast<UINT>(pointers.size()),
-                       mTypes.data(), pointers.data(), &status);
+        ::DispCallFunc(&object, member.TableOffset(), CC_STDCALL, VT_ERROR,
+                       static_cast<UINT>(pointers.size()), mTypes.data(), pointers.data(), &status);
     return FAILED(called) ? called : status.scode;
   }
 
@@ -142,7 +148,8 @@ class Frame {
   void PassReference(std::size_t index, VARTYPE type, VARIANT& target) {
     mTypes[index] = static_cast<VARTYPE>(VT_BYREF | type);
     mPassed[index].vt = mTypes[index];
-    mPassed[index].byref = type == VT_VARIANT ? static_cast<void*>(&target) : static_cast<void*>(&target.byref);
+    mPassed[index].byref =
+        type == VT_VARIANT ? static_cast<void*>(&target) : static_cast<void*>(&target.byref);
   }
 
   std::vector<Variant> mStorage;
@@ -162,8 +169,8 @@ HRESULT Failed(HRESULT status, EXCEPINFO* exception) noexcept {
   return DISP_E_EXCEPTION;
 }
 
-HRESULT Invoke(ITypeInfo& info, IDispatch& object, DISPID id, WORD kinds, const DISPPARAMS& given, VARIANT* result,
-               EXCEPINFO* exception) {
+HRESULT Invoke(ITypeInfo& info, IDispatch& object, DISPID id, WORD kinds, const DISPPARAMS& given,
+               VARIANT* result, EXCEPINFO* exception) {
   const Member member(info, id, kinds);
   const CallArguments arguments(given, member.ParameterCount() - (member.HasResult() ? 1 : 0));
   Frame frame(member, arguments);
@@ -171,16 +178,19 @@ HRESULT Invoke(ITypeInfo& info, IDispatch& object, DISPID id, WORD kinds, const 
   if (FAILED(status)) return Failed(status, exception);
   if (member.HasResult()) {
     VARIANT value = frame.TakeResult();
-    if (result != nullptr) *result = value;
-    else ::VariantClear(&value);
+    if (result != nullptr)
+      *result = value;
+    else
+      ::VariantClear(&value);
   }
   return S_OK;
 }
 
 }  // namespace
 
-HRESULT InvokeByTypeInfo(ITypeInfo& info, IDispatch& object, DISPID id, WORD kinds, const DISPPARAMS& arguments,
-                         VARIANT* result, EXCEPINFO* exception, UINT* badArgument) noexcept {
+HRESULT InvokeByTypeInfo(ITypeInfo& info, IDispatch& object, DISPID id, WORD kinds,
+                         const DISPPARAMS& arguments, VARIANT* result, EXCEPINFO* exception,
+                         UINT* badArgument) noexcept {
   try {
     if (result != nullptr) ::VariantInit(result);
     return Invoke(info, object, id, kinds, arguments, result, exception);

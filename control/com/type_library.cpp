@@ -45,4 +45,13 @@ ComPtr<ITypeInfo> LoadOwnTypeInfo(REFGUID guid) {
   return info;
 }
 
+ComPtr<ITypeInfo> FunctionTableOf(ITypeInfo& dual) {
+  constexpr UINT kOtherHalf = static_cast<UINT>(-1);
+  HREFTYPE reference = 0;
+  OrThrow(dual.GetRefTypeOfImplType(kOtherHalf, &reference));
+  ComPtr<ITypeInfo> table;
+  OrThrow(dual.GetRefTypeInfo(reference, table.Receive()));
+  return table;
+}
+
 }  // namespace plotvane::control::com

@@ -20,5 +20,8 @@ namespace plotvane::control::com {
 [[nodiscard]] ComPtr<ITypeLib> LoadOwnTypeLibrary();
 // The description of one of its interfaces or classes.
 [[nodiscard]] ComPtr<ITypeInfo> LoadOwnTypeInfo(REFGUID guid);
+// The function table of a dual interface, whose plain description shows it as late-bound callers see it:
+// without the statuses and the results at the end of the parameters.
+[[nodiscard]] ComPtr<ITypeInfo> FunctionTableOf(ITypeInfo& dual);
 
 }  // namespace plotvane::control::com

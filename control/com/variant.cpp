@@ -19,7 +19,9 @@ void OrThrow(HRESULT result) {
 }
 
 // The copying calls do not write to their source, but some headers declare it as if they did.
-VARIANT* Source(const VARIANT& value) noexcept { return const_cast<VARIANT*>(&value); }
+VARIANT* Source(const VARIANT& value) noexcept {
+  return const_cast<VARIANT*>(&value);
+}
 
 }  // namespace
 
@@ -116,11 +118,21 @@ Variant ConvertTo(VARTYPE type, const VARIANT& value) {
   return converted;
 }
 
-bool ToBool(const VARIANT& value) { return ConvertTo(VT_BOOL, value).Get().boolVal != VARIANT_FALSE; }
-std::int16_t ToInt16(const VARIANT& value) { return ConvertTo(VT_I2, value).Get().iVal; }
-std::int32_t ToInt32(const VARIANT& value) { return static_cast<std::int32_t>(ConvertTo(VT_I4, value).Get().lVal); }
-double ToDouble(const VARIANT& value) { return ConvertTo(VT_R8, value).Get().dblVal; }
-std::string ToText(const VARIANT& value) { return TextOf(ConvertTo(VT_BSTR, value).Get().bstrVal); }
+bool ToBool(const VARIANT& value) {
+  return ConvertTo(VT_BOOL, value).Get().boolVal != VARIANT_FALSE;
+}
+std::int16_t ToInt16(const VARIANT& value) {
+  return ConvertTo(VT_I2, value).Get().iVal;
+}
+std::int32_t ToInt32(const VARIANT& value) {
+  return static_cast<std::int32_t>(ConvertTo(VT_I4, value).Get().lVal);
+}
+double ToDouble(const VARIANT& value) {
+  return ConvertTo(VT_R8, value).Get().dblVal;
+}
+std::string ToText(const VARIANT& value) {
+  return TextOf(ConvertTo(VT_BSTR, value).Get().bstrVal);
+}
 
 platform::Value ToValue(const VARIANT& value) {
   const Variant source = Variant::Resolved(value);
@@ -134,9 +146,9 @@ platform::Value ToValue(const VARIANT& value) {
       // Its default property, of whatever type that is.
       Variant held;
       DISPPARAMS none{};
-      OrThrow(ObjectOf(source.Get())->Invoke(DISPID_VALUE, IID_NULL, LOCALE_INVARIANT,
-                                             DISPATCH_PROPERTYGET | DISPATCH_METHOD, &none, held.Receive(),
-                                             nullptr, nullptr));
+      OrThrow(ObjectOf(source.Get())
+                  ->Invoke(DISPID_VALUE, IID_NULL, LOCALE_INVARIANT, DISPATCH_PROPERTYGET | DISPATCH_METHOD,
+                           &none, held.Receive(), nullptr, nullptr));
       if (IsObject(held.Get())) throw RunTimeError(StandardError::TypeMismatch);
       return ToValue(held.Get());
     }

@@ -60,8 +60,8 @@ class Variant {
 [[nodiscard]] bool IsLeftOut(const VARIANT& value) noexcept;
 
 // Conversions by the rules of automation, in the invariant locale whatever the thread's is. References are
-// followed and an object stands for its default property. RunTimeError 13 when there is no conversion, 6 when the
-// number is too large.
+// followed and an object stands for its default property. RunTimeError 13 when there is no conversion, 6 when
+// the number is too large.
 [[nodiscard]] Variant ConvertTo(VARTYPE type, const VARIANT& value);
 [[nodiscard]] bool ToBool(const VARIANT& value);
 [[nodiscard]] std::int16_t ToInt16(const VARIANT& value);
@@ -69,8 +69,8 @@ class Variant {
 [[nodiscard]] double ToDouble(const VARIANT& value);
 [[nodiscard]] std::string ToText(const VARIANT& value);
 
-// What an identifier can hold: empty, boolean and text as they are, every kind of number and a date as a number.
-// RunTimeError 13 for anything else (null, arrays, errors, objects without a default property).
+// What an identifier can hold: empty, boolean and text as they are, every kind of number and a date as a
+// number. RunTimeError 13 for anything else (null, arrays, errors, objects without a default property).
 [[nodiscard]] platform::Value ToValue(const VARIANT& value);
 
 // Whether `value` (references followed) is of an object type, set or not.

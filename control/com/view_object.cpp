@@ -19,8 +19,8 @@ void GraphObject::PictureChanged() noexcept {
   if (data) data->SendOnDataChange(this, 0, 0);
 }
 
-HRESULT GraphObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC context, const RECTL* bounds, const RECTL*,
-                          BOOL(STDMETHODCALLTYPE*)(ULONG_PTR), ULONG_PTR) noexcept {
+HRESULT GraphObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC context, const RECTL* bounds,
+                          const RECTL*, BOOL(STDMETHODCALLTYPE*)(ULONG_PTR), ULONG_PTR) noexcept {
   if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
   if (context == nullptr) return E_INVALIDARG;
   if (bounds == nullptr) return E_POINTER;
@@ -30,7 +30,9 @@ HRESULT GraphObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC c
   });
 }
 
-void GraphObject::DrawPicture(HDC context, const RECT& bounds) { mWindow->DrawTo(context, bounds); }
+void GraphObject::DrawPicture(HDC context, const RECT& bounds) {
+  mWindow->DrawTo(context, bounds);
+}
 
 HRESULT GraphObject::GetColorSet(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, LOGPALETTE** colours) noexcept {
   if (colours == nullptr) return E_POINTER;
@@ -44,7 +46,9 @@ HRESULT GraphObject::Freeze(DWORD, LONG, void*, DWORD* freeze) noexcept {
   return E_NOTIMPL;
 }
 
-HRESULT GraphObject::Unfreeze(DWORD) noexcept { return E_NOTIMPL; }
+HRESULT GraphObject::Unfreeze(DWORD) noexcept {
+  return E_NOTIMPL;
+}
 
 HRESULT GraphObject::SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) noexcept {
   return Enter([&] {
@@ -91,7 +95,8 @@ HRESULT GraphObject::QueryHitPoint(DWORD aspect, const RECT* bounds, POINT point
   return S_OK;
 }
 
-HRESULT GraphObject::QueryHitRect(DWORD aspect, const RECT* bounds, const RECT* rect, LONG, DWORD* hit) noexcept {
+HRESULT GraphObject::QueryHitRect(DWORD aspect, const RECT* bounds, const RECT* rect, LONG,
+                                  DWORD* hit) noexcept {
   if (bounds == nullptr || rect == nullptr || hit == nullptr) return E_POINTER;
   *hit = HITRESULT_OUTSIDE;
   if (aspect != DVASPECT_CONTENT) return E_FAIL;
@@ -101,7 +106,8 @@ HRESULT GraphObject::QueryHitRect(DWORD aspect, const RECT* bounds, const RECT* 
 }
 
 // Any size suits a graph.
-HRESULT GraphObject::GetNaturalExtent(DWORD, LONG, DVTARGETDEVICE*, HDC, DVEXTENTINFO*, SIZEL* extent) noexcept {
+HRESULT GraphObject::GetNaturalExtent(DWORD, LONG, DVTARGETDEVICE*, HDC, DVEXTENTINFO*,
+                                      SIZEL* extent) noexcept {
   if (extent == nullptr) return E_POINTER;
   *extent = SIZEL{};
   return E_NOTIMPL;

@@ -9,7 +9,8 @@ namespace plotvane::control::win32 {
 
 namespace {
 
-// The entry that this thread is inside of, null while it is in the host's code. The state belongs to the thread, and so does what is known about it.
+// The entry that this thread is inside of, null while it is in the host's code. The state belongs to the
+// thread, and so does what is known about it.
 thread_local OwnFloatingPoint* innermost = nullptr;
 
 // MXCSR after a reset: all traps masked, nearest, no flushing of subnormal numbers, no flags.

@@ -1,16 +1,16 @@
 // The floating-point state of the thread: the system's own inside, the host's outside.
 //
-// Hosts run with traps for division by zero, with 24 or 64 bits of precision, or with another rounding. Every entry
-// into the module sets the state in which all its arithmetic is defined, and gives the caller's back on leaving;
-// every call out to the host runs in the state that the host came with.
+// Hosts run with traps for division by zero, with 24 or 64 bits of precision, or with another rounding. Every
+// entry into the module sets the state in which all its arithmetic is defined, and gives the caller's back on
+// leaving; every call out to the host runs in the state that the host came with.
 #pragma once
 
 #include <cfenv>
 
 namespace plotvane::control::win32 {
 
-// For the time of its life: all traps masked, rounding to nearest, 53 bits, subnormal numbers kept. One inside another
-// changes nothing, unless the host's code runs between them.
+// For the time of its life: all traps masked, rounding to nearest, 53 bits, subnormal numbers kept. One
+// inside another changes nothing, unless the host's code runs between them.
 class OwnFloatingPoint {
  public:
   OwnFloatingPoint() noexcept;
@@ -24,8 +24,8 @@ class OwnFloatingPoint {
   bool mOutermost;
 };
 
-// For the time of a call to the host from inside an entry: the state of the entry's caller. Without an entry it
-// changes nothing.
+// For the time of a call to the host from inside an entry: the state of the entry's caller. Without an entry
+// it changes nothing.
 class HostFloatingPoint {
  public:
   HostFloatingPoint() noexcept;
