@@ -255,7 +255,7 @@ class Compiler {
     Next();
     if (!ReadLevel(kStatementLevel) || mToken.kind != TokenKind::End) return nullptr;
     mEmitter.Finish(mDeepest);
-    mProgram->SetLastBracket(mLastBracket);
+    mProgram->SetLast(mLastBracket, mLastRadix);
     return std::move(mProgram);
   }
 
@@ -321,6 +321,7 @@ class Compiler {
     const functions::Trapped value = LiteralValue(mToken, math);
     if (!value.Ok()) return false;
     mEmitter.PushConstant(value.Get());
+    mLastRadix = mToken.radix;
     Next();
     return true;
   }
@@ -407,6 +408,7 @@ class Compiler {
   std::size_t mDepth = 0;
   std::size_t mDeepest = 0;
   TokenKind mLastBracket = TokenKind::End;
+  std::optional<Radix> mLastRadix;
 };
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -44,8 +45,8 @@ class ExpressionReader {
   [[nodiscard]] bool Replaying() const noexcept { return mReplaying; }
 
   // Leaves the reader as a replay does that read its whole list without an error and closed a bracket of that
-  // kind last (End when there was none).
-  void FinishReplay(TokenKind lastBracket) noexcept;
+  // kind, and read a number of that radix, last (End and nothing when there was none).
+  void FinishReplay(TokenKind lastBracket, std::optional<Radix> lastRadix) noexcept;
 
   // Reads the next token. Custom error 7 for "&" with a letter that names no base; standard error 6 when the
   // recording list is full.
@@ -93,7 +94,8 @@ class ExpressionReader {
   std::shared_ptr<clsPreParsedExpression> mRecording;
 
   Token mToken;
-  std::string mQuotedSpelling;  // behind mToken.spelling after RaiseQuoting
+  Radix mBase = Radix::Decimal;  // of the last number read; deliberately not reset
+  std::string mQuotedSpelling;   // behind mToken.spelling after RaiseQuoting
   clsStack mBrackets;
   std::string mPoppedBracket;
 

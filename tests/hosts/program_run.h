@@ -32,12 +32,13 @@ inline std::string Quoted(const std::string& argument) {
   return quoted + "'";
 }
 
-inline Outcome RunProgram(const std::vector<std::string>& arguments) {
+// With the file `input` as standard input.
+inline Outcome RunProgram(const std::vector<std::string>& arguments, const std::string& input = "/dev/null") {
   const std::string out = testing::TempDir() + "plotvane_out.txt";
   const std::string err = testing::TempDir() + "plotvane_err.txt";
   std::string command = Quoted(PLOTVANE_PROGRAM);
   for (const std::string& argument : arguments) command += " " + Quoted(argument);
-  command += " </dev/null >" + Quoted(out) + " 2>" + Quoted(err);
+  command += " <" + Quoted(input) + " >" + Quoted(out) + " 2>" + Quoted(err);
   const int status = std::system(command.c_str());
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, FileText(out), FileText(err)};
 }
