@@ -49,7 +49,12 @@ const RangeTextEntry& EntryOf(RangeText which) {
 class TraceMarkerHider {
  public:
   explicit TraceMarkerHider(GraphFrame& frame) : mFrame(frame) {}
-  ~TraceMarkerHider() { mFrame.ShowTraceMarker(false); }
+  ~TraceMarkerHider() {
+    try {
+      mFrame.ShowTraceMarker(false);
+    } catch (...) {  // a marker that cannot be hidden does not hide the error of the gesture
+    }
+  }
   TraceMarkerHider(const TraceMarkerHider&) = delete;
   TraceMarkerHider& operator=(const TraceMarkerHider&) = delete;
 

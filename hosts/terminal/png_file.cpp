@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 #include "hosts/terminal/output_file.h"
@@ -103,13 +104,14 @@ Picture TrueColourPicture(const RasterSurface& surface) {
 }  // namespace
 
 void WritePng(const RasterSurface& surface, const std::string& path) {
-  const std::optional<Picture> mapped = MappedPicture(surface);
-  const Picture picture = mapped ? *mapped : TrueColourPicture(surface);
+  std::optional<Picture> mapped = MappedPicture(surface);
+  const bool fits = mapped.has_value();
+  const Picture picture = fits ? std::move(*mapped) : TrueColourPicture(surface);
   png_image image{};
   image.version = PNG_IMAGE_VERSION;
   image.width = static_cast<png_uint_32>(surface.Width());
   image.height = static_cast<png_uint_32>(surface.Height());
-  image.format = mapped ? PNG_FORMAT_RGB_COLORMAP : PNG_FORMAT_RGB;
+  image.format = fits ? PNG_FORMAT_RGB_COLORMAP : PNG_FORMAT_RGB;
   image.flags = PNG_IMAGE_FLAG_FAST;
   image.colormap_entries = static_cast<png_uint_32>(picture.map.size());
   OutputFile file(path);
