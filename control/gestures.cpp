@@ -175,9 +175,17 @@ void Gestures::PressEval() {
   if (!evaluated || !x.Ok()) return ShowSimple(kEvaluateBadX);
   engine.CurrentX = x.Get();
 
-  if (engine.EvaluateCurrentFunctionAt()) return engine.ShowEvaluatedPoint();
+  if (engine.EvaluateCurrentFunctionAt()) return ShowEvaluatedPoint();
   ShowSimple("Error! Cannot evaluate Y" + std::to_string(engine.CurrentFunctionIndex()) +
              " at X=" + platform::NumberText(engine.CurrentX));
+}
+
+void Gestures::ShowEvaluatedPoint() {
+  graph::GraphEngine& engine = mGraph.Engine();
+  const std::int16_t evaluated = engine.CurrentFunctionIndex();
+  engine.ShowEvaluatedPoint();
+  engine.SetCurrentFunctionIndex(evaluated);
+  GoOnTracing();
 }
 
 // ---- Mouse ----
@@ -227,13 +235,17 @@ void Gestures::EndBox() {
       AfterFailure::EndAction);
 }
 
-// Plotting makes each function current in turn; a trace goes on with the function of `txtUserCurY`.
 void Gestures::RecentreAt(float x, float y) {
   graph::GraphEngine& engine = mGraph.Engine();
   engine.MoveRangeToPixel(x, y);
   mGraph.PlotAllY();
   engine.ShowRangeStatus();
-  if (mAction == Action::trace) engine.SelectFunctionFromUserBox();
+  GoOnTracing();
+}
+
+// Plotting makes each function current in turn; a trace goes on with the function of `txtUserCurY`.
+void Gestures::GoOnTracing() {
+  if (mAction == Action::trace) mGraph.Engine().SelectFunctionFromUserBox();
 }
 
 // ---- Choice of the function ----

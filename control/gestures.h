@@ -62,11 +62,13 @@ class Gestures {
   void StretchBox(float x, float y);
   void EndBox();
   void RecentreAt(float x, float y);
+  void GoOnTracing();
 
   void PressGraph();
   void PressZoom();
   void PressTrace();
   void PressEval();
+  void ShowEvaluatedPoint();
   void ZoomByNumber();
 
   void SelectNextFunction() { StepFunction(+1); }

@@ -65,10 +65,16 @@ void Graph::SetToolBarVisible(bool visible) {
   if (mSize != PixelSize{}) Resize(mSize);
 }
 
+// Marked as taken at once, since a message box may call back; taken back when it fails, so that the next
+// member tries again.
 void Graph::NeedSurface() {
-  if (mSurfaceTaken) return;
-  mSurfaceTaken = true;
-  TakeSurface();
+  if (std::exchange(mSurfaceTaken, true)) return;
+  try {
+    TakeSurface();
+  } catch (...) {
+    mSurfaceTaken = false;
+    throw;
+  }
 }
 
 void Graph::LayOutFace() {

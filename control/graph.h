@@ -97,6 +97,8 @@ class Graph : public std::enable_shared_from_this<Graph> {
   // The control has got this size in pixels: lays out, takes the size of the surface, redraws axes and grid
   // as RedrawAxisOnResize and RedrawGridOnResize ask. Never throws a run-time error; shows its text.
   void Resize(PixelSize size);
+  // The size that it has got last; empty before the first.
+  [[nodiscard]] PixelSize Size() const noexcept { return mSize; }
   // What the user does.
   [[nodiscard]] Gestures& Events() noexcept { return mGestures; }
   // In a host's designer the control shows its axes and lets the user do nothing.

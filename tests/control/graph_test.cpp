@@ -173,6 +173,33 @@ TEST(Graph, without_a_surface_members_are_error_91) {
   }
 }
 
+TEST(Graph, a_first_resize_that_failed_is_made_again) {
+  const Control control;
+  control.graph->SetPIC(nullptr);
+  EXPECT_THROW(control.graph->PlotAllY(), platform::RunTimeError);
+  EXPECT_FALSE(control.Engine().RedrawAll);
+  control.graph->SetPIC(control.face->Surface());
+  control.graph->PlotAllY();
+  EXPECT_EQ(control.Engine().XPixelSize, 0.05);
+}
+
+TEST(Graph, the_control_lets_go_of_everything_before_its_dialogs_close) {
+  Control control;
+  control.graph->PrepareGraph();
+  control.Press(ToolBarItem::cmdRange);
+  const std::weak_ptr<platform::VariableTable> table = control.graph->GetVarTable();
+  const auto surface = std::make_shared<graph::RasterSurface>(40, 30);
+  control.graph->SetPIC(surface);
+  bool seen = false;
+  control.face->fields->onClose = [&] {
+    seen = true;
+    EXPECT_TRUE(table.expired());
+    EXPECT_EQ(surface.use_count(), 1);
+  };
+  control.graph.reset();
+  EXPECT_TRUE(seen);
+}
+
 TEST(Graph, hiding_the_toolbar_gives_its_room_to_the_surface) {
   const Control control;
   control.graph->Resize({640, 480});

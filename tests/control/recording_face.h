@@ -16,6 +16,17 @@
 
 namespace plotvane::control::test {
 
+// A dialog of lists that says when it is closed.
+class WatchedFieldsView : public StoredFieldsView {
+ public:
+  using StoredFieldsView::StoredFieldsView;
+  void Close() override {
+    StoredFieldsView::Close();
+    if (onClose) onClose();
+  }
+  std::function<void()> onClose;
+};
+
 class RecordingFace : public HeadlessFace {
  public:
   void SetText(TextBox box, std::string_view text) override {
@@ -47,7 +58,7 @@ class RecordingFace : public HeadlessFace {
   [[nodiscard]] std::shared_ptr<FieldsView> CreateFieldsView(const FieldsDialogText& text,
                                                              std::weak_ptr<DialogEvents> events) override {
     fieldsText = &text;
-    fields = std::make_shared<StoredFieldsView>(text);
+    fields = std::make_shared<WatchedFieldsView>(text);
     fieldsEvents = std::move(events);
     return fields;
   }
@@ -76,7 +87,7 @@ class RecordingFace : public HeadlessFace {
   std::optional<TextBox> focused;
   int spinnerResets = 0;
   const FieldsDialogText* fieldsText = nullptr;
-  std::shared_ptr<StoredFieldsView> fields;
+  std::shared_ptr<WatchedFieldsView> fields;
   std::weak_ptr<DialogEvents> fieldsEvents;
   std::shared_ptr<StoredFormatView> format;
   std::weak_ptr<FormatEvents> formatEvents;

@@ -287,6 +287,22 @@ TEST_F(ToolBarPresses, eval_leaves_an_armed_action_alone) {
   EXPECT_EQ(control.Events().CurrentAction(), Action::zin);
 }
 
+TEST_F(ToolBarPresses, eval_leaves_the_evaluated_function_current) {
+  control.face->answer = "1";
+  control.Press(ToolBarItem::cmdEval);  // plotting ends with Y2
+  EXPECT_EQ(control.Engine().CurrentFunctionIndex(), 1);
+  EXPECT_EQ(control.Engine().CurrentPoint(), (graph::RealPoint{1, 1}));
+}
+
+TEST_F(ToolBarPresses, a_trace_goes_on_with_its_function_after_eval) {
+  control.Press(ToolBarItem::cmdTrace);
+  control.face->answer = "0";
+  control.Press(ToolBarItem::cmdEval);
+  EXPECT_EQ(control.Events().CurrentAction(), Action::trace);
+  control.Events().MouseMove(false, 239, 10);  // x = 2
+  EXPECT_EQ(control.face->Status(), "X=2    Y=2");
+}
+
 // ---- Stepping through the functions ----
 
 struct Step {
