@@ -178,7 +178,7 @@ bool clsExp::ReplayCompiled(std::size_t outerLevels, Value& result) {
 void clsExp::FinishReplay(const Program& program) noexcept {
   mPPE->SetNextToBeginning();
   mErrObj.ClearLastErrors();
-  mState->reader.FinishReplay(program.LastBracket(), program.LastRadix());
+  mState->reader.FinishReplay(program.LastBracket());
 }
 
 bool clsExp::EvaluatePreParsedExpression(std::shared_ptr<clsPreParsedExpression> expression, Value& result) {

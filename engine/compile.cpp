@@ -255,7 +255,7 @@ class Compiler {
     Next();
     if (!ReadLevel(kStatementLevel) || mToken.kind != TokenKind::End) return nullptr;
     mEmitter.Finish(mDeepest);
-    mProgram->SetLast(mLastBracket, mLastRadix);
+    mProgram->SetLastBracket(mLastBracket);
     return std::move(mProgram);
   }
 
@@ -321,7 +321,6 @@ class Compiler {
     const functions::Trapped value = LiteralValue(mToken, math);
     if (!value.Ok()) return false;
     mEmitter.PushConstant(value.Get());
-    mLastRadix = mToken.radix;
     Next();
     return true;
   }
@@ -408,7 +407,6 @@ class Compiler {
   std::size_t mDepth = 0;
   std::size_t mDeepest = 0;
   TokenKind mLastBracket = TokenKind::End;
-  std::optional<Radix> mLastRadix;
 };
 
 }  // namespace

@@ -38,23 +38,18 @@ void ExpressionReader::End() noexcept {
   mRecording = nullptr;
 }
 
-void ExpressionReader::FinishReplay(TokenKind lastBracket, std::optional<Radix> lastRadix) noexcept {
+void ExpressionReader::FinishReplay(TokenKind lastBracket) noexcept {
   mToken = {};
   mError = {};
   if (!mBrackets.EmptyStack()) mBrackets.MakeNew();
   if (lastBracket != TokenKind::End) mPoppedBracket = KindText({lastBracket, Radix::Decimal, {}});
-  if (lastRadix) mBase = *lastRadix;
 }
 
 void ExpressionReader::Next() {
   if (mErrorOccurred) return;
   mToken = mSource->Next();
-  const bool badBase = mToken.kind == TokenKind::BadBase;
-  if (mToken.kind == TokenKind::Number) mBase = mToken.radix;
-  if (badBase) {
-    // A number without a base of its own: recorded with the base of the number before, whichever that was.
+  if (mToken.kind == TokenKind::BadBase) {
     mToken.kind = TokenKind::Number;
-    mToken.radix = mBase;
     Raise(CustomError::BaseSpecification);
   }
   if (mRecording && !mRecording->Append(mToken)) Raise(StandardError::Overflow);

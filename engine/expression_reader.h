@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -45,8 +44,8 @@ class ExpressionReader {
   [[nodiscard]] bool Replaying() const noexcept { return mReplaying; }
 
   // Leaves the reader as a replay does that read its whole list without an error and closed a bracket of that
-  // kind, and read a number of that radix, last (End and nothing when there was none).
-  void FinishReplay(TokenKind lastBracket, std::optional<Radix> lastRadix) noexcept;
+  // kind last (End when there was none).
+  void FinishReplay(TokenKind lastBracket) noexcept;
 
   // Reads the next token. Custom error 7 for "&" with a letter that names no base; standard error 6 when the
   // recording list is full.
@@ -94,8 +93,7 @@ class ExpressionReader {
   std::shared_ptr<clsPreParsedExpression> mRecording;
 
   Token mToken;
-  Radix mBase = Radix::Decimal;  // of the last number read; deliberately not reset
-  std::string mQuotedSpelling;   // behind mToken.spelling after RaiseQuoting
+  std::string mQuotedSpelling;  // behind mToken.spelling after RaiseQuoting
   clsStack mBrackets;
   std::string mPoppedBracket;
 

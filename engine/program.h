@@ -22,7 +22,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -99,20 +98,16 @@ class Program {
 
   // Ends the building. `depth` is how many levels of evaluation the tokens nest.
   void Finish(Slot varying, bool isBoolean, std::size_t depth);
-  void SetLast(TokenKind bracket, std::optional<Radix> radix) noexcept {
-    mLastBracket = bracket;
-    mLastRadix = radix;
-  }
+  void SetLastBracket(TokenKind bracket) noexcept { mLastBracket = bracket; }
 
   // --- Facts
 
   // The result is a truth value, -1 or 0.
   [[nodiscard]] bool IsBoolean() const noexcept { return mIsBoolean; }
   [[nodiscard]] std::size_t Depth() const noexcept { return mDepth; }
-  // What the exact evaluator remembers of the tokens: the kind of opening bracket that was closed last (End
-  // when none was) and the radix of the last number.
+  // What the exact evaluator remembers of the tokens: the kind of opening bracket that was closed last, End
+  // when none was.
   [[nodiscard]] TokenKind LastBracket() const noexcept { return mLastBracket; }
-  [[nodiscard]] std::optional<Radix> LastRadix() const noexcept { return mLastRadix; }
   [[nodiscard]] const std::vector<Step>& UniformSteps() const noexcept { return mUniformSteps; }
   [[nodiscard]] const std::vector<Step>& VaryingSteps() const noexcept { return mVaryingSteps; }
   [[nodiscard]] const std::vector<CallPlan>& Calls() const noexcept { return mCalls; }
@@ -158,7 +153,6 @@ class Program {
   bool mIsBoolean = false;
   std::size_t mDepth = 0;
   TokenKind mLastBracket = TokenKind::End;
-  std::optional<Radix> mLastRadix;
 };
 
 // One operation on plain numbers; `b` is ignored by an operation of one number.
