@@ -14,8 +14,15 @@ constexpr int kButtonPaddingX = 8;
 constexpr int kButtonPaddingY = 5;
 constexpr int kLeastButtonWidth = 36;
 constexpr int kBoxPadding = 4;
+constexpr int kBoxLineGap = 2;  // above and below the line of a box
+constexpr int kBoxEdge = 2;     // the sunken edge, in pixels at every resolution
 constexpr int kNumberDigits = 5;
 constexpr int kSpinnerWidth = 17;
+
+// Of a one-line box with its edge.
+int BoxHeight(const FaceMetrics& metrics) {
+  return metrics.lineHeight + 2 * (kBoxEdge + ScalePixels(kBoxLineGap, metrics.dpi));
+}
 
 // Controls that stay side by side in one row: a button alone, or the label with its box and spinner.
 struct ItemGroup {
@@ -71,6 +78,16 @@ class StripLayout {
     return 0;
   }
 
+  [[nodiscard]] int ItemHeight(ItemKind kind) const {
+    switch (kind) {
+      case ItemKind::Label: return mMetrics.lineHeight;
+      case ItemKind::EditBox:
+      case ItemKind::Spinner: return BoxHeight(mMetrics);
+      case ItemKind::Button: break;
+    }
+    return mRowHeight;
+  }
+
   [[nodiscard]] std::vector<ItemGroup> Groups() const {
     std::vector<ItemGroup> groups;
     for (std::size_t i = 0; i < kToolBarItemCount; ++i) {
@@ -86,9 +103,8 @@ class StripLayout {
   void PlaceGroup(const ItemGroup& group, int left, int top,
                   std::array<PixelRect, kToolBarItemCount>& items) const {
     for (std::size_t i = group.first; i < group.first + group.count; ++i) {
-      const bool isLabel = kToolBarItems[i].kind == ItemKind::Label;
-      const int height = isLabel ? mMetrics.lineHeight : mRowHeight;
-      const int gap = isLabel ? Scaled(kLabelGap) : 0;
+      const int height = ItemHeight(kToolBarItems[i].kind);
+      const int gap = kToolBarItems[i].kind == ItemKind::Label ? Scaled(kLabelGap) : 0;
       items[i] = {left + gap, top + (mRowHeight - height) / 2, ItemWidth(i) - gap, height};
       left += ItemWidth(i);
     }
@@ -113,7 +129,7 @@ ControlLayout LayOut(PixelSize control, bool toolBarVisible, const FaceMetrics& 
   const int height = std::max(control.height, 1);
   ControlLayout layout;
 
-  const int boxHeight = metrics.lineHeight + 2 * ScalePixels(kBoxPadding, metrics.dpi);
+  const int boxHeight = BoxHeight(metrics);
   const bool statusShown = 4 * boxHeight <= height;
   const int statusTop = statusShown ? height - 2 * boxHeight : height;
   if (statusShown) {

@@ -17,21 +17,6 @@ namespace {
 constexpr wchar_t kClassName[] = L"PlotvaneGraph";
 constexpr UINT kDpiChangedAfterParent = 0x02E3;  // WM_DPICHANGED_AFTERPARENT, which older headers lack
 
-// Tells the host that a box is open.
-class ModalScope {
- public:
-  explicit ModalScope(ControlWindowHost* const& host) : mHost(host) { Tell(false); }
-  ~ModalScope() { Tell(true); }
-  ModalScope(const ModalScope&) = delete;
-  ModalScope& operator=(const ModalScope&) = delete;
-
- private:
-  void Tell(bool enable) const {
-    if (mHost != nullptr) mHost->EnableModeless(enable);
-  }
-  ControlWindowHost* const& mHost;  // the host may be let go of while the box is open
-};
-
 }  // namespace
 
 std::shared_ptr<ControlWindow> ControlWindow::Make(HINSTANCE module, std::shared_ptr<void> moduleLock) {
@@ -75,13 +60,30 @@ void ControlWindowImplementation::ResetSpinner() {
   ::SendMessageW(mControls.Item(ToolBarItem::vscUpDown), UDM_SETPOS32, 0, kSpinnerRest);
 }
 
+ControlWindowImplementation::ModalScope::ModalScope(ControlWindowImplementation& window)
+    : mWindow(window), mFocus(window.HasFocus() ? ::GetFocus() : nullptr) {
+  mWindow.EnableHost(false);
+}
+
+// When the box closes, the system gives the focus to the host's window, not to the control that had it.
+ControlWindowImplementation::ModalScope::~ModalScope() {
+  mWindow.EnableHost(true);
+  const bool hostIsActive = ::GetActiveWindow() != nullptr && ::GetActiveWindow() == mWindow.BoxOwner();
+  if (hostIsActive && mWindow.IsWithin(mFocus) && !mWindow.HasFocus()) ::SetFocus(mFocus);
+}
+
+// The host may be let go of while the box is open.
+void ControlWindowImplementation::EnableHost(bool enable) {
+  if (mHost != nullptr) mHost->EnableModeless(enable);
+}
+
 void ControlWindowImplementation::ShowMessage(const MessageContents& contents) {
-  const ModalScope modal(mHost);
+  const ModalScope modal(*this);
   ShowMessageBox(BoxOwner(), contents);
 }
 
 std::string ControlWindowImplementation::AskInput(const InputRequest& request) {
-  const ModalScope modal(mHost);
+  const ModalScope modal(*this);
   return AskForText(mModule, BoxOwner(), request);
 }
 

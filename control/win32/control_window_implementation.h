@@ -86,6 +86,20 @@ class ControlWindowImplementation final : public ControlWindow,
   LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
+  // While a message or input box is open.
+  class ModalScope {
+   public:
+    explicit ModalScope(ControlWindowImplementation& window);
+    ~ModalScope();
+    ModalScope(const ModalScope&) = delete;
+    ModalScope& operator=(const ModalScope&) = delete;
+
+   private:
+    ControlWindowImplementation& mWindow;
+    HWND mFocus;
+  };
+
+  void EnableHost(bool enable);
   [[nodiscard]] std::string& Text(TextBox box) { return mTexts.at(static_cast<std::size_t>(box)); }
   [[nodiscard]] bool IsWithin(HWND window) const noexcept {
     return Handle() != nullptr && (window == Handle() || ::IsChild(Handle(), window));

@@ -109,6 +109,13 @@ void FieldsWindow::HandleDestroyed() {
   if (const auto events = mEvents.lock()) events->DialogClosed();
 }
 
+// The first field has the focus and its text is selected, ready to be typed over.
+void FieldsWindow::Show() {
+  ShowDialog();
+  ::SetFocus(List(0));
+  ::SendMessageW(List(0), CB_SETEDITSEL, 0, MAKELPARAM(0, -1));
+}
+
 void FieldsWindow::Close() {
   mEvents.reset();
   DestroyDialog();

@@ -21,7 +21,7 @@ class FieldsWindow : public FieldsView, public DialogWindow {
                std::weak_ptr<DialogEvents> events);
 
   // DialogView
-  void Show() override { ShowDialog(); }
+  void Show() override;
   void Close() override;
   // FieldsView
   void SetEditText(std::size_t field, std::string_view text) override;

@@ -50,8 +50,10 @@ const DialogRect& RectOf(FormatGroup group) {
 // The two options of a group stand side by side under its caption.
 DialogRect OptionRect(const FormatOptionText& option, bool second) {
   const DialogRect& group = RectOf(option.group);
-  const int width = (group.width - 12) / 2;
-  return {group.left + 6 + (second ? width : 0), group.top + 12, width, kOptionHeight};
+  const int firstWidth = group.width * 13 / 24;  // the longest caption is a first one
+  const int left = second ? 6 + firstWidth : 6;
+  const int width = second ? group.width - 12 - firstWidth : firstWidth;
+  return {group.left + left, group.top + 12, width, kOptionHeight};
 }
 
 void AddGroup(DialogTemplate& description, FormatGroup group) {

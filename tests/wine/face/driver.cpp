@@ -183,6 +183,7 @@ COLORREF PixelAt(HWND window, int x, int y) {
 void SavePicture(HWND window, const std::string& name) {
   const char* const folder = std::getenv("PLOTVANE_PICTURES");
   if (folder == nullptr) return;
+  ::Sleep(500);  // until all is painted
   const RECT rect = ScreenRect(window);
   BITMAPINFO info{};
   info.bmiHeader = {.biSize = sizeof(BITMAPINFOHEADER),

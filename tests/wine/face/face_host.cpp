@@ -37,6 +37,12 @@ struct Hosted {
   std::shared_ptr<control::Graph> graph;
 };
 
+void EndFirst(std::vector<Hosted>& controls) {
+  const Hosted first = controls.front();
+  controls.erase(controls.begin());
+  first.window->Destroy();
+}
+
 std::vector<std::shared_ptr<graph::YFunction>> MakeFunctions(const std::vector<std::string>& equations) {
   std::vector<std::shared_ptr<graph::YFunction>> functions;
   for (const std::string& equation : equations) {
@@ -69,8 +75,8 @@ void HandleHostKey(WPARAM key, std::vector<Hosted>& controls) {
     case VK_F2: first.graph->ShowFormatEditor(); break;
     case VK_F3: first.graph->PlotAllY(); break;
     case VK_F4: first.graph->SetToolBarVisible(!first.graph->GetToolBarVisible()); break;
-    case VK_F5: controls.erase(controls.begin()); break;
-    case VK_F6: first.graph->SetPlotDone([&controls] { controls.erase(controls.begin()); }); break;
+    case VK_F5: EndFirst(controls); break;
+    case VK_F6: first.graph->SetPlotDone([&controls] { EndFirst(controls); }); break;
     default: break;
   }
 }

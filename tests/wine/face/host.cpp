@@ -12,6 +12,15 @@ std::string HostCommand(const std::string& arguments) {
   return "\"" + folder + "\\face_host.exe\" " + arguments;
 }
 
+bool Dismiss(std::string_view title) {
+  const HWND box = WaitForTop(title, kDialogClass);
+  if (box == nullptr) return false;
+  PressKey(VK_ESCAPE);
+  const bool gone = WaitUntil([&] { return !::IsWindow(box); });
+  Settle();
+  return gone;
+}
+
 std::string TakeMessage(std::string_view title) {
   const HWND box = WaitForTop(title, kDialogClass);
   if (box == nullptr) return "no box";

@@ -55,6 +55,9 @@ inline constexpr std::string_view kHint = "Left click on the graph to redraw usi
 // Of the system's message, input and dialog boxes.
 inline constexpr std::string_view kDialogClass = "#32770";
 
+// Waits for a box or dialog and closes it with Escape; false when none comes or it stays.
+bool Dismiss(std::string_view title);
+
 // The text of an open message box, which is then closed with Enter.
 std::string TakeMessage(std::string_view title);
 
