@@ -23,6 +23,7 @@ struct FaceMetrics {
   int lineHeight = 13;                                 // of one line of text
   int digitWidth = 6;                                  // of the widest digit
   std::array<int, kToolBarItemCount> captionWidths{};  // of each caption as it is seen
+  friend bool operator==(const FaceMetrics&, const FaceMetrics&) = default;
 };
 
 // An empty rectangle: the control is not shown.

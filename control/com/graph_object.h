@@ -320,6 +320,7 @@ class GraphObject final
   HRESULT ActivateUserInterface();
   void DeactivateUserInterface() noexcept;
   void DeactivateInPlace() noexcept;
+  void ShowPartWithin(const RECT& position, const RECT* clip);
   void WindowGotFocus();
   void WindowLostFocus();
   void EnableHostWindows(bool enable);

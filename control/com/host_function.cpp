@@ -1,8 +1,8 @@
 #include "control/com/host_function.h"
 
-#include <algorithm>
 #include <array>
 #include <limits>
+#include <unordered_map>
 #include <utility>
 
 #include "platform/runtime_error.h"
@@ -67,6 +67,28 @@ ComPtr<IDispatch> ElementOf(SAFEARRAY& array, VARTYPE type, LONG index) {
   return object;
 }
 
+// One adapter for each object, by the object's identity.
+class Adapters {
+ public:
+  explicit Adapters(const HostFunctions& known) {
+    for (const auto& function : known) mByIdentity.emplace(IdentityOf(function->Object()), function);
+  }
+
+  [[nodiscard]] std::shared_ptr<HostFunction> Of(ComPtr<IDispatch> object) {
+    std::shared_ptr<HostFunction>& function = mByIdentity[IdentityOf(object.Get())];
+    if (!function) function = std::make_shared<HostFunction>(std::move(object));
+    return function;
+  }
+
+ private:
+  // It stays the object's as long as the adapter holds the object.
+  [[nodiscard]] static IUnknown* IdentityOf(IDispatch* object) noexcept {
+    return ComPtr<IUnknown>::From(object).Get();
+  }
+
+  std::unordered_map<IUnknown*, std::shared_ptr<HostFunction>> mByIdentity;
+};
+
 }  // namespace
 
 HostFunction::HostFunction(ComPtr<IDispatch> object) : mObject(std::move(object), kFields) {}
@@ -96,12 +118,11 @@ HostFunctions FunctionsOf(const VARIANT& array, const HostFunctions& known) {
   const LockedArray locked(elements);
   VARTYPE type = VT_EMPTY;
   if (FAILED(::SafeArrayGetVartype(&elements, &type))) type = VT_EMPTY;
+  Adapters adapters(known);
   HostFunctions functions;
   for (LONG index = 1; index <= count; ++index) {
     ComPtr<IDispatch> object = ElementOf(elements, type, index);
-    const auto same = [&](const auto& function) { return SameObject(function->Object(), object.Get()); };
-    const auto old = std::find_if(known.begin(), known.end(), same);
-    functions.push_back(old != known.end() ? *old : std::make_shared<HostFunction>(std::move(object)));
+    functions.push_back(adapters.Of(std::move(object)));
   }
   return functions;
 }

@@ -35,8 +35,9 @@ class HostFunction final : public graph::YFunction {
 
 using HostFunctions = std::vector<std::shared_ptr<HostFunction>>;
 
-// The functions of a host's array: elements 1 to its upper bound, whatever lies below 1 is not looked at. An
-// object that is among `known` keeps its adapter, and with it the path drawn last.
+// The functions of a host's array: elements 1 to its upper bound, whatever lies below 1 is not looked at.
+// Each object has one adapter, wherever it stands in the array; one that is among `known` keeps its adapter,
+// and with it the path drawn last.
 //
 // RunTimeError 13 when `array` holds no array, 9 for more than one dimension, an upper bound below 0 or a
 // missing element, 6 for an upper bound above 32,767, 424 for an element that is no object.

@@ -197,8 +197,18 @@ HRESULT GraphObject::SetObjectRects(const RECT* position, const RECT* clip) noex
   return Enter([&] {
     if (!mInPlaceActive) return;
     mWindow->SetRect(*position);
-    mWindow->SetClip(clip);
+    ShowPartWithin(*position, clip);
   });
+}
+
+// Both rectangles are in the container's pixels, the window's region in the window's own. Containers that do
+// not clip give the position itself, nothing, or a rectangle that is empty.
+void GraphObject::ShowPartWithin(const RECT& position, const RECT* clip) {
+  RECT part{};
+  const bool clipped =
+      clip != nullptr && ::IntersectRect(&part, &position, clip) && !::EqualRect(&part, &position);
+  ::OffsetRect(&part, -position.left, -position.top);
+  mWindow->SetClip(clipped ? &part : nullptr);
 }
 
 HRESULT GraphObject::ReactivateAndUndo() noexcept {

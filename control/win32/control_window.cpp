@@ -47,6 +47,7 @@ void ControlWindowImplementation::SetFocus(TextBox box) {
 
 void ControlWindowImplementation::Apply(const ControlLayout& layout) {
   mLayout = layout;
+  mLayoutMetrics = mMetrics;
   mSurfaceView.Surface()->Resize(layout.surface.width, layout.surface.height);
   if (Handle() == nullptr) return;
   mControls.Place(layout);
@@ -154,8 +155,16 @@ LRESULT ControlWindowImplementation::HandleMessage(UINT message, WPARAM wParam, 
   return Default(message, wParam, lParam);
 }
 
+// A resize clears the picture, so only another size or other measures make one; a new window of the old size
+// shows the picture that is there.
 void ControlWindowImplementation::HandleSize(int width, int height) {
-  if (const auto graph = mGraph.lock()) graph->Resize({width, height});
+  const auto graph = mGraph.lock();
+  if (!graph) return;
+  const PixelSize size{width, height};
+  if (graph->Size() == size && mLayoutMetrics == mMetrics)
+    Apply(ControlLayout(mLayout));
+  else
+    graph->Resize(size);
 }
 
 void ControlWindowImplementation::HandleCommand(int id, int notification) {

@@ -55,7 +55,7 @@ class ControlWindow : public Face {
   [[nodiscard]] virtual HWND Handle() const noexcept = 0;  // null without a window
   virtual void SetParent(HWND parent) = 0;
   virtual void SetRect(const RECT& rect) = 0;  // in the parent's client pixels; resizes the control
-  virtual void SetClip(const RECT* clip) = 0;  // the part the host lets it show; null for all of it
+  virtual void SetClip(const RECT* clip) = 0;  // the part it may show, in its own pixels; null for all
   virtual void Show(bool visible) = 0;
 
   // ---- Keyboard ----

@@ -132,6 +132,7 @@ class ControlWindowImplementation final : public ControlWindow,
   OwnedFont mFont;
   FaceMetrics mMetrics;
   ControlLayout mLayout;
+  FaceMetrics mLayoutMetrics;  // those that the layout was made with
   FaceControls mControls;
   SurfaceView mSurfaceView;
   HWND mLastFocus = nullptr;
