@@ -10,19 +10,50 @@ ALL_WELL, SOMETHING_FAILED, BAD_USAGE = 0, 1, 2
 
 # Words after "calc", exit status, standard output (None: not looked at).
 COMMAND_LINES = [
-    ("1+1", 0, "2\n"), ("1+1 2*3", 0, "2\n6\n"), ("x=2 x^3", 0, "2\n8\n"), ("1/0 2", 1, "2\n"), ("-- -5", 0, "-5\n"),
-    ("--mode hexadecimal 255", 0, "&HFF\n"), ("--mode octal 8", 0, "&O10\n"), ("--mode binary 5", 0, "&B101\n"),
-    ("--mode decimal .5", 0, "0.5\n"), ("--mode fixed .5", 0, "1\n"), ("--mode fixed --places 2 1/3", 0, ".33\n"),
-    ("--mode=fixed --places=2 1/3", 0, ".33\n"), ("--places 2 --mode fixed 1/3", 0, ".33\n"), ("--places 2 1/3", 0, "0.333333333333333\n"),
-    ("--mode fixed --places 127 1/3", 0, ".333333333333333\n"), ("--mode fixed --places -100 5", 0, "0\n"),
-    ("--mode fixed --places 0 2.5", 0, "3\n"), ("--mode fixed --places -1 25", 0, "30\n"), ("--degrees sin(30)", 0, "0.5\n"),
-    ("--numeric 1;2", 1, ""), ("--graph 1/0", 1, ""), ("--replay &H10+1", 0, "17\n"), ("--report tsv 1/0", 1, "err\t11\t0\tDivision by zero\t\n"),
-    ("--report tsv 1 )", 1, "ok\t1\nerr\t0\t1\t\tSyntax error ')'\n"), ("--report text 1", 0, "1\n"), ("--help", 0, None),
-    ("--mode hex 1", 2, ""), ("--mode", 2, ""), ("--mode fixed5 1", 2, ""), ("--places 128 1", 2, ""), ("--places -101 1", 2, ""),
-    ("--places", 2, ""), ("--places abc 1", 2, ""), ("--places 1.5 1", 2, ""), ("--places 1e2 1", 2, ""), ("--places 2x 1", 2, ""),
-    ("--places 99999999999999999999 1", 2, ""), ("--places -99999999999999999999 1", 2, ""), ("--report xml 1", 2, ""), ("--report", 2, ""),
-    ("--nosuch 1", 2, ""), ("--variables", 2, ""), ("--degrees=maybe 1", 2, ""),
-]  # fmt: skip
+    ("1+1", 0, "2\n"),
+    ("1+1 2*3", 0, "2\n6\n"),
+    ("x=2 x^3", 0, "2\n8\n"),
+    ("1/0 2", 1, "2\n"),
+    ("-- -5", 0, "-5\n"),
+    ("--mode hexadecimal 255", 0, "&HFF\n"),
+    ("--mode octal 8", 0, "&O10\n"),
+    ("--mode binary 5", 0, "&B101\n"),
+    ("--mode decimal .5", 0, "0.5\n"),
+    ("--mode fixed .5", 0, "1\n"),
+    ("--mode fixed --places 2 1/3", 0, ".33\n"),
+    ("--mode=fixed --places=2 1/3", 0, ".33\n"),
+    ("--places 2 --mode fixed 1/3", 0, ".33\n"),
+    ("--places 2 1/3", 0, "0.333333333333333\n"),
+    ("--mode fixed --places 127 1/3", 0, ".333333333333333\n"),
+    ("--mode fixed --places -100 5", 0, "0\n"),
+    ("--mode fixed --places 0 2.5", 0, "3\n"),
+    ("--mode fixed --places -1 25", 0, "30\n"),
+    ("--degrees sin(30)", 0, "0.5\n"),
+    ("--numeric 1;2", 1, ""),
+    ("--graph 1/0", 1, ""),
+    ("--replay &H10+1", 0, "17\n"),
+    ("--report tsv 1/0", 1, "err\t11\t0\tDivision by zero\t\n"),
+    ("--report tsv 1 )", 1, "ok\t1\nerr\t0\t1\t\tSyntax error ')'\n"),
+    ("--report text 1", 0, "1\n"),
+    ("--help", 0, None),
+    ("--mode hex 1", 2, ""),
+    ("--mode", 2, ""),
+    ("--mode fixed5 1", 2, ""),
+    ("--places 128 1", 2, ""),
+    ("--places -101 1", 2, ""),
+    ("--places", 2, ""),
+    ("--places abc 1", 2, ""),
+    ("--places 1.5 1", 2, ""),
+    ("--places 1e2 1", 2, ""),
+    ("--places 2x 1", 2, ""),
+    ("--places 99999999999999999999 1", 2, ""),
+    ("--places -99999999999999999999 1", 2, ""),
+    ("--report xml 1", 2, ""),
+    ("--report", 2, ""),
+    ("--nosuch 1", 2, ""),
+    ("--variables", 2, ""),
+    ("--degrees=maybe 1", 2, ""),
+]
 
 # Content of a variable file that can be read, a line to calculate, its result.
 GOOD_FILES = [
@@ -53,7 +84,15 @@ BAD_FILES = [
     (b'"x",1,"two",""\r\n', "Type mismatch"),
     (b'"x",#MAYBE#,2,""\r\n', "Type mismatch"),
 ]
-GARBAGE_FILES = [b"\0" * 50, b"\xff\xfe\x00", bytes(range(256)) * 8, b'"' * 999, b"," * 999, b'"x",1e99999,2,""\r\n', b'"x",1,1e99,""\r\n']
+GARBAGE_FILES = [
+    b"\0" * 50,
+    b"\xff\xfe\x00",
+    bytes(range(256)) * 8,
+    b'"' * 999,
+    b"," * 999,
+    b'"x",1e99999,2,""\r\n',
+    b'"x",1,1e99,""\r\n',
+]
 
 
 class Attack:
@@ -107,13 +146,14 @@ class Attack:
     def good_files(self):
         for content, line, result in GOOD_FILES:
             done = self.run(["--variables", self.file_with(content), line])
-            self.expect(done.returncode == ALL_WELL and done.stdout == result.encode() + b"\n", f"file {content!r}", done)
+            right = done.returncode == ALL_WELL and done.stdout == result.encode() + b"\n"
+            self.expect(right, f"file {content!r}", done)
 
     def bad_files(self):
         for content, message in BAD_FILES:
             done = self.run(["--variables", self.file_with(content), "1"])
-            told = message.encode() in done.stderr and not done.stdout
-            self.expect(done.returncode == SOMETHING_FAILED and told and self.content() == content, f"file {content!r}", done)
+            told = done.returncode == SOMETHING_FAILED and message.encode() in done.stderr and not done.stdout
+            self.expect(told and self.content() == content, f"file {content!r}", done)
         for content in GARBAGE_FILES:
             done = self.run(["--variables", self.file_with(content), "1"])
             kept = done.returncode == ALL_WELL or self.content() == content

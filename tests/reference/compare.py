@@ -43,7 +43,7 @@ def make_batch(generator, words, count):
 def run_program(program, words, lines):
     command = [program, "calc", "--report", "tsv", *words]
     done = subprocess.run(command, input=b"".join(line + b"\n" for line in lines), stdout=subprocess.PIPE,
-                          stderr=subprocess.PIPE, timeout=SECONDS_PER_BATCH)  # fmt: skip
+                          stderr=subprocess.PIPE, timeout=SECONDS_PER_BATCH)
     reports = done.stdout.split(b"\n")[:-1]
     failed = any(report.startswith(b"err") for report in reports)
     if done.stderr or done.returncode != int(failed):

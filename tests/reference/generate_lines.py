@@ -5,14 +5,29 @@ import argparse
 import random
 import sys
 
-NAMES = ["x", "y", "k", "t", "a", "b_1", "_", "_t2", "e5", "ex", "Pi", "PI", "g", "gc", "cc", "True", "false", "nobody", "sinus"]
+NAMES = [
+    "x", "y", "k", "t", "a", "b_1", "_", "_t2", "e5", "ex", "Pi", "PI", "g", "gc", "cc", "True",
+    "false", "nobody", "sinus",
+]
 # Names that a variable file holds, with their records' values and type codes.
 FILED = {
-    "word": ('"abc"', 2), "digits": ('" 12.5 "', 2), "nothing": ("", 2), "blank": ('""', 2), "yes": ("#TRUE#", 2),
-    "tiny": ("4.94065645841247E-324", 2), "fixed": ("2.5", 4), "kept": ("-3", 8), "both": ("1E+20", 12), "gc": ("7", 2), "x": ("#FALSE#", 2),
-}  # fmt: skip
+    "word": ('"abc"', 2),
+    "digits": ('" 12.5 "', 2),
+    "nothing": ("", 2),
+    "blank": ('""', 2),
+    "yes": ("#TRUE#", 2),
+    "tiny": ("4.94065645841247E-324", 2),
+    "fixed": ("2.5", 4),
+    "kept": ("-3", 8),
+    "both": ("1E+20", 12),
+    "gc": ("7", 2),
+    "x": ("#FALSE#", 2),
+}
 VARIABLES = ["x", "y", "k", "t", "a", "b_1"]
-BINARY = ["+", "-", "*", "/", "\\", "^", "e", "mod", "==", "<", ">", "<>", "<=", ">=", "and", "or", "xor", "eqv", "imp"]
+BINARY = [
+    "+", "-", "*", "/", "\\", "^", "e", "mod", "==", "<", ">", "<>", "<=", ">=", "and", "or", "xor",
+    "eqv", "imp",
+]
 BRACKETS = ["()", "()", "()", "[]", "{}"]
 ONE_ARGUMENT = (
     "abs exp fix int log log10 ln rnd sgn sqr factorial degrees radians getdecimal sin cos tan sec csc ctn cot asin "
@@ -20,23 +35,51 @@ ONE_ARGUMENT = (
     "arcctnh arccoth random randomint round"
 ).split()
 TWO_ARGUMENTS = "logn ncr npr gcf gcd lcm decimalmod round random randomint".split()
-ANNUITIES = {"nper": (3, 5), "pmt": (3, 5), "pv": (3, 5), "fv": (3, 5), "ipmt": (4, 6), "ppmt": (4, 6), "rate": (3, 6)}
+ANNUITIES = {
+    "nper": (3, 5),
+    "pmt": (3, 5),
+    "pv": (3, 5),
+    "fv": (3, 5),
+    "ipmt": (4, 6),
+    "ppmt": (4, 6),
+    "rate": (3, 6),
+}
 CALCULUS = "ss sigmasum der derivative nder nderivative di definiteintegral".split()
 FUNCTIONS = ONE_ARGUMENT + TWO_ARGUMENTS + list(ANNUITIES) + CALCULUS + ["rgb", "sln", "syd"]
-EDGES = [
-    "0", "1", "-1", ".5", "2.5", "-2.5", "0.1", "170", "171", "255", "32767", "32768", "32767.5", "-32768.5", "65535",
-    "2147483647", "2147483647.5", "2147483648", "-2147483648", "-2147483648.5", "-2147483649", "4294967295", "4294967296",
-    "9007199254740993", "999999999999999", "1000000000000000", "99999999999999.95", "123456789012345678", "1e15", "1e14",
-    "0.0001", "0.00001", "1e-5", "9.99999999999999e-5", "1e308", "1.7976931348623157e308", "1e309", "1e-307", "1e-308",
-    "5e-324", "1e-324", "2e-323", "1e200", "1e-200", "pi", "pi/2", "3*pi/2", "2*pi", "pi/4", "-pi/2", "709.78", "710",
-    "-745.2", "18446744073709551615", "18446744073709551616", "9223372036854775808", "-9223372036854775809", "-32769",
-    "0.30000000000000004", "1/3", "2/3", "0.000123456789012345678", "360", "90", "45", "450", "-90", "1e22", "1e23", "1e-23",
-]  # fmt: skip
-TOKENS = (
-    BINARY + ["!", "%", "=", "->", "=>", "++", "--", "not", "(", ")", "[", "]", "{", "}", ",", ";", ":", "&", "&H", "&HfF"]
-    + ["&O17", "&O18", "&q7", "&B101", "&b102", "&d1.5", "&D", "&x", "& ", "1", "2", "0", ".", "1.", ".5", "1..2", "3e2", "2e", "$"]
-    + ["#", "@", "\u00e9", "\u20ac", "\U0001f600", "\u00d7", "'", '"', "?", "\\", "_", "~", "|", "\t", " ", "  ", "\x0b", "\x07"]
-)  # fmt: skip
+EDGES = (
+    "0 1 -1 .5 2.5 -2.5 0.1 170 171 255 32767 32768 32767.5 -32768.5 65535 2147483647 2147483647.5 "
+    "2147483648 -2147483648 -2147483648.5 -2147483649 4294967295 4294967296 9007199254740993 "
+    "999999999999999 1000000000000000 99999999999999.95 123456789012345678 1e15 1e14 0.0001 0.00001 1e-5 "
+    "9.99999999999999e-5 1e308 1.7976931348623157e308 1e309 1e-307 1e-308 5e-324 1e-324 2e-323 1e200 "
+    "1e-200 pi pi/2 3*pi/2 2*pi pi/4 -pi/2 709.78 710 -745.2 18446744073709551615 18446744073709551616 "
+    "9223372036854775808 -9223372036854775809 -32769 0.30000000000000004 1/3 2/3 0.000123456789012345678 "
+    "360 90 45 450 -90 1e22 1e23 1e-23"
+).split()
+TOKENS = BINARY + [
+    "!", "%", "=", "->", "=>", "++", "--", "not", "(", ")", "[", "]", "{", "}", ",", ";", ":", "&",
+    "&H", "&HfF", "&O17", "&O18", "&q7", "&B101", "&b102", "&d1.5", "&D", "&x", "& ", "1", "2", "0",
+    ".", "1.", ".5", "1..2", "3e2", "2e", "$", "#", "@", "\u00e9", "\u20ac", "\U0001f600", "\u00d7",
+    "'", '"', "?", "\\", "_", "~", "|", "\t", " ", "  ", "\x0b", "\x07",
+]
+# What calculus operations evaluate; {v} is their variable.
+BODIES = [
+    "{v}", "{v}^2", "1/{v}", "sin({v})", "{v}*k", "sqr({v}-1)", "({v}=2)", "{v}++", "y={v}", "rnd(1)",
+    "{v}<2", "ln({v})", "({v}]", "{v};1", ";{v}", "{v} 2", "++{v}", "pi={v}", "&HF*{v}", "tan({v})",
+    "{v}!", "1e308*{v}", "x={v};x", "ss({v},{v},1,{v})", "der({v}^2,{v},{v})", "nobody",
+    "{v}->nobody2", "({v},1)", "rnd({v})", "171!", "x->{v}", "{v}==1 and True", "True", "()", "{v}(",
+    "di({v},y,0,{v},1)",
+]
+# Steps that fail or store, and what may stand right behind them.
+STEPS = [
+    "171!", "1/0", "1e308*10", "++pi", "pi--", "k++", "--k", "5->pi", "5->k", "k=6", "pi=3", "ln(0)",
+    "sin(1,2)", "sin()", "ss(1/0,k,1,2)", "ss(1e999,k,1,2)", "der(1/k,k,0)", "&B2", "1..2", "nobody",
+    "not 1e10", "(1]", "sin(1]", "-(1e999)", "5->7", "++7", "rnd(1)", "7!!", "ss(k,1,2,3)",
+    "tan(pi/2)", "(", "2^5000", "nder(2,k=3,k,1)", "1 and 1e11", "5%",
+]
+TAILS = [
+    "&z", "&", " 7", "->pi", "=4", "*1/0", "+nobody", "]", ",", "&B3", "!", ";&z", ";1", "; 1/0",
+    " 2..3", "->9", "->k", ")",
+]
 SEPARATORS = ["; ", ";", ":", " : ", ";;", ":;"]
 
 
@@ -105,7 +148,8 @@ class LineGenerator:
         if kind < 0.76:
             return "&B" + format(self.random.getrandbits(self.random.randint(1, 12)), "b")
         if kind < 0.84:
-            return "%d%s%d" % (self.random.randint(0, 99), self.choice(["e", "e-", "E", " e ", "e+", "e "]), self.random.randint(0, 20))
+            exponent = self.choice(["e", "e-", "E", " e ", "e+", "e "])
+            return "%d%s%d" % (self.random.randint(0, 99), exponent, self.random.randint(0, 20))
         if kind < 0.90:
             return repr(self.random.uniform(-1, 1) * 10 ** self.random.randint(-12, 18)).lstrip("-").replace("e+", "e")
         if kind < 0.95:
@@ -128,7 +172,8 @@ class LineGenerator:
         if kind < 0.70:
             return self.expression(depth - 1) + self.choice(["!", "%"])
         if kind < 0.72:
-            return "(" + self.name() + self.choice(["=", "++ + ", "-- - ", "==", "->y - "]) + self.expression(depth - 1) + ")"
+            store = self.choice(["=", "++ + ", "-- - ", "==", "->y - "])
+            return "(" + self.name() + store + self.expression(depth - 1) + ")"
         if kind < 0.77:
             return self.calculus(depth)
         return self.call(depth)
@@ -166,8 +211,10 @@ class LineGenerator:
             "ipmt": [rate, lambda: str(self.random.randint(0, 12)), lambda: "12", amount],
             "ppmt": [rate, lambda: str(self.random.randint(1, 13)), lambda: "12", amount],
             "rate": [lambda: "12", lambda: "-" + str(self.random.randint(100, 120)), lambda: "1000"],
-        }[name]  # fmt: skip
-        rest = [lambda: "0" if name == "rate" else amount(), lambda: self.choice(["0", "1", "2", "-1", "True"]), lambda: "0.1"]
+        }[name]
+        future = lambda: "0" if name == "rate" else amount()
+        due = lambda: self.choice(["0", "1", "2", "-1", "True"])
+        rest = [future, due, lambda: "0.1"]
         count = self.random.randint(least, most) + (self.choice([-1, 1]) if self.chance(0.03) else 0)
         makers = (first + rest + [amount])[:count]
         arguments = [make() for make in makers]
@@ -178,11 +225,7 @@ class LineGenerator:
     def calculus(self, depth):
         name = self.choice(CALCULUS)
         variable = self.choice(VARIABLES) if self.chance(0.93) else self.choice(NAMES + ["1", "e", "pi", "sin"])
-        body = self.expression(depth - 1) if self.chance(0.5) else self.choice(
-            ["{v}", "{v}^2", "1/{v}", "sin({v})", "{v}*k", "sqr({v}-1)", "({v}=2)", "{v}++", "y={v}", "rnd(1)", "{v}<2", "ln({v})", "({v}]", "{v};1", ";{v}", "{v} 2",
-            "++{v}", "pi={v}", "&HF*{v}", "tan({v})", "{v}!", "1e308*{v}", "x={v};x", "ss({v},{v},1,{v})", "der({v}^2,{v},{v})",
-            "nobody", "{v}->nobody2", "({v},1)", "rnd({v})", "171!", "x->{v}", "{v}==1 and True", "True", "()", "{v}(", "di({v},y,0,{v},1)"]
-        ).format(v=variable)  # fmt: skip
+        body = self.expression(depth - 1) if self.chance(0.5) else self.choice(BODIES).format(v=variable)
         low = self.random.randint(-3, 3)
         if name in ("ss", "sigmasum"):
             arguments = [body, variable, str(low), str(low + self.random.randint(-1, 6))]
@@ -193,7 +236,8 @@ class LineGenerator:
             order = self.choice(["0", "1", "2", "3", "4", "2.5", "-1", "7", "9"])
             arguments = [order, body, variable, str(low)] + self.choice([[], [], ["0.1"], ["1"], ["0"]])
         else:
-            arguments = [body, variable, str(low), str(low + self.random.randint(-1, 2)), self.choice(["0.25", "0.1", "0.5", "-0.5", "0"])]
+            width = self.choice(["0.25", "0.1", "0.5", "-0.5", "0"])
+            arguments = [body, variable, str(low), str(low + self.random.randint(-1, 2)), width]
         if self.chance(0.04):
             self.random.shuffle(arguments)
         if self.chance(0.04):
@@ -218,13 +262,15 @@ class LineGenerator:
             return self.choice(TWO_ARGUMENTS) + "(" + edge() + "," + edge() + ")"
         if kind < 0.95:
             return self.choice(["-", "not ", "+", "++", "--"]) + edge() + self.choice(["!", "%", "", "^2"])
-        return self.choice(["&H", "&O", "&B", "&D", ""]) + "".join(self.choice("0011789f") for _ in range(self.random.randint(1, 70)))
+        digits = [self.choice("0011789f") for _ in range(self.random.randint(1, 70))]
+        return self.choice(["&H", "&O", "&B", "&D", ""]) + "".join(digits)
 
     def near_edge(self, edge):
         if self.chance(0.5):
             return edge()
         if self.chance(0.5):
-            return repr(self.choice([0, 1, -1, 1.5707963267948966, 3.14159265358979, 90, 180]) + self.choice([0, 1e-9, -1e-9, 1e-16]))
+            special = self.choice([0, 1, -1, 1.5707963267948966, 3.14159265358979, 90, 180])
+            return repr(special + self.choice([0, 1e-9, -1e-9, 1e-16]))
         return "%g" % (self.random.uniform(-2, 2) * 10 ** self.random.randint(-3, 3))
 
     # Lines that are mostly wrong
@@ -259,11 +305,8 @@ class LineGenerator:
 
     def race(self):
         """A step that fails or stores, with another failure right behind it: which one comes first?"""
-        steps = ["171!", "1/0", "1e308*10", "++pi", "pi--", "k++", "--k", "5->pi", "5->k", "k=6", "pi=3", "ln(0)", "sin(1,2)", "sin()"]
-        steps += ["ss(1/0,k,1,2)", "ss(1e999,k,1,2)", "der(1/k,k,0)", "&B2", "1..2", "nobody", "not 1e10", "(1]", "sin(1]", "-(1e999)"]
-        steps += ["5->7", "++7", "rnd(1)", "7!!", "ss(k,1,2,3)", "tan(pi/2)", "(", "2^5000", "nder(2,k=3,k,1)", "1 and 1e11", "5%"]
-        tails = ["&z", "&", " 7", "->pi", "=4", "*1/0", "+nobody", "]", ",", "&B3", "!", ";&z", ";1", "; 1/0", " 2..3", "->9", "->k", ")"]
-        return self.choice(["", "", "k+", "abs(", "-", "2*(", "x="]) + self.choice(steps) + self.choice(tails) + self.choice(["", "", "&z"])
+        before = self.choice(["", "", "k+", "abs(", "-", "2*(", "x="])
+        return before + self.choice(STEPS) + self.choice(TAILS) + self.choice(["", "", "&z"])
 
     def deep(self):
         """About the deepest nesting that is accepted."""
@@ -277,7 +320,11 @@ class LineGenerator:
 
     def raw_bytes(self):
         length = self.random.randint(0, 12)
-        line = bytes(self.random.randrange(256) for _ in range(length))
+        start = self.choice([0, 0, 0x80, 0xE0])
+        line = bytes(self.random.randrange(start, 256) for _ in range(length))
+        if self.chance(0.3):
+            lead = self.choice([0xE0, 0xED, 0xF0, 0xF4, 0xC1, 0xE2])
+            line = bytes([lead, self.random.randrange(0x80, 0xC0), 0x80, 0x80]) + line
         if self.chance(0.5):
             line = b"1+" + line
         return line.replace(b"\n", b" ")
@@ -290,7 +337,8 @@ def random_options(generator):
     if chance(0.6):
         words += ["--mode", choice(["decimal", "fixed", "fixed", "octal", "hexadecimal", "binary"])]
     if "fixed" in words and chance(0.9):
-        words += ["--places", str(choice([0, 1, 2, 3, 5, 9, 14, 15, 16, 20, 127, -1, -2, -5, -100, generator.random.randint(-100, 127)]))]
+        usual = [0, 1, 2, 3, 5, 9, 14, 15, 16, 20, 127, -1, -2, -5, -100]
+        words += ["--places", str(choice(usual + [generator.random.randint(-100, 127)]))]
     return words + [flag for flag in ("--degrees", "--numeric", "--graph", "--replay") if chance(0.3)]
 
 

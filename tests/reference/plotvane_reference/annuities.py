@@ -42,7 +42,8 @@ class Annuities:
         if rate == 0:
             return -self.m.divide(self.m.add(future, present), periods)
         growth = self._growth(rate, periods)
-        return -self.m.divide(self.m.add(future, self.m.multiply(present, growth)), self._payment_factor(rate, growth, due))
+        owed = self.m.add(future, self.m.multiply(present, growth))
+        return -self.m.divide(owed, self._payment_factor(rate, growth, due))
 
     def periods(self, rate, payment, present, future=0.0, due=0.0):
         if rate == 0:

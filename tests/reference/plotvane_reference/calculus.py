@@ -24,8 +24,7 @@ class Calculus:
         self.name = name
 
     def sum(self, low, high, step=1.0):
-        total, _ = self._loop(low, high, step, 0.0, finish=lambda total: total)
-        return total
+        return self._loop(low, high, step, finish=lambda total: total)
 
     def integral(self, low, high, width=0.01):
         if width == 0:
@@ -34,8 +33,8 @@ class Calculus:
             self.m.divide(self.m.subtract(high, low), width)
         except Failure:
             raise undefined() from None
-        total, _ = self._loop(low, self.m.subtract(high, width), width, 0.0, finish=lambda total: self.m.multiply(total, width))
-        return total
+        last = self.m.subtract(high, width)
+        return self._loop(low, last, width, finish=lambda total: self.m.multiply(total, width))
 
     def derivative(self, x, h=0.01):
         if h == 0:
@@ -83,13 +82,13 @@ class Calculus:
             kind in STORES or spelling in RANDOM_NAMES for kind, spelling, _ in self.tokens
         )
 
-    def _loop(self, low, high, step, total, finish):
-        """The counted loop by repeated addition; gives the finished total and the counter past the end."""
+    def _loop(self, low, high, step, finish):
+        """The counted loop by repeated addition; gives the finished total of its terms."""
         if step == 0:
             raise undefined()
         private = self._private()
         before = self.caller.table.get(self.name)
-        counter = low
+        counter, total = low, 0.0
         try:
             while self.m.compare("<=" if step > 0 else ">=", counter, high):
                 self._set(counter)
@@ -99,10 +98,9 @@ class Calculus:
                 if counter + step == counter:
                     raise undefined()
                 counter = self.m.add(counter, step)
-            total = finish(total)
+            return finish(total)
         finally:
             self._restore(before)
-        return total, counter
 
     def _private(self):
         return self.caller.private_expression()

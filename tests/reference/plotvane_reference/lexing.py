@@ -21,7 +21,14 @@ RADIX_LETTERS = {
     "b": (BINARY, DIGITS),
     "d": (DECIMAL, DIGITS + "."),
 }
-CHARACTER = re.compile("[\xc2-\xdf][\x80-\xbf]|[\xe0-\xef][\x80-\xbf]{2}|[\xf0-\xf4][\x80-\xbf]{3}|.", re.DOTALL)
+# One well-formed character of UTF-8, or a byte that belongs to none.
+CHARACTER = re.compile(
+    "[\xc2-\xdf][\x80-\xbf]"
+    "|\xe0[\xa0-\xbf][\x80-\xbf]|[\xe1-\xec\xee\xef][\x80-\xbf]{2}|\xed[\x80-\x9f][\x80-\xbf]"
+    "|\xf0[\x90-\xbf][\x80-\xbf]{2}|[\xf1-\xf3][\x80-\xbf]{3}|\xf4[\x80-\x8f][\x80-\xbf]{2}"
+    "|.",
+    re.DOTALL,
+)
 MOST_RECORDED_TOKENS = 32767
 
 

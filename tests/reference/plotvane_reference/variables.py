@@ -17,7 +17,7 @@ class Variables:
         for name, value in (
             ("Pi", 3.14159265358979), ("g", 9.80655), ("gc", 6.67259 * 10.0**-11), ("cc", 8987551787.37),
             ("True", True), ("False", False),
-        ):  # fmt: skip
+        ):
             self.load(name, value, PREDEFINED, "")
 
     def load(self, name, value, kind, description):
