@@ -12,12 +12,21 @@ set(plotvane_element_data
   "${PROJECT_SOURCE_DIR}/identifiers/data/PTE Weights.dat")
 
 if(WIN32)
-  if(NOT TARGET Plotvane)
-    return()
-  endif()
-  install(TARGETS Plotvane LIBRARY DESTINATION . COMPONENT control)
-  install(TARGETS PlotvaneHost RUNTIME DESTINATION . COMPONENT control)
-  install(FILES ${plotvane_element_data} DESTINATION . COMPONENT control)
+  install(TARGETS Plotvane PlotvaneHost
+    RUNTIME DESTINATION . COMPONENT control
+    LIBRARY DESTINATION . COMPONENT control)
+  install(FILES
+    ${plotvane_element_data}
+    ${PROJECT_BINARY_DIR}/Plotvane.manifest
+    ${PROJECT_SOURCE_DIR}/control/com/Plotvane.idl
+    ${PROJECT_SOURCE_DIR}/cmake/windows/register.cmd
+    ${PROJECT_SOURCE_DIR}/cmake/windows/register-for-me.cmd
+    ${PROJECT_SOURCE_DIR}/cmake/windows/unregister.cmd
+    ${PROJECT_SOURCE_DIR}/cmake/windows/unregister-for-me.cmd
+    ${PROJECT_SOURCE_DIR}/docs/hosting.md
+    DESTINATION . COMPONENT control)
+  get_target_property(plotvane_type_library plotvane_interface PLOTVANE_TYPE_LIBRARY)
+  install(FILES ${plotvane_type_library} DESTINATION . RENAME Plotvane.tlb COMPONENT control)
   return()
 endif()
 

@@ -1,5 +1,7 @@
 #include "hosts/desktop/control_host.h"
 
+#include <string>
+
 #include "hosts/desktop/control_site.h"
 #include "hosts/desktop/event_sink.h"
 #include "platform/runtime_error.h"
@@ -10,8 +12,40 @@ using Microsoft::WRL::ComPtr;
 
 namespace {
 
-// The control is found through the manifest of this program, or else through the registry.
+// Makes the classes of a manifest known to this thread, without registration, for as long as it lives; does nothing
+// when there is no such manifest.
+class ManifestScope {
+ public:
+  explicit ManifestScope(const std::wstring& manifest) {
+    ACTCTXW description{};
+    description.cbSize = sizeof description;
+    description.lpSource = manifest.c_str();
+    mContext = ::CreateActCtxW(&description);
+    if (mContext != INVALID_HANDLE_VALUE) mActive = ::ActivateActCtx(mContext, &mCookie) != FALSE;
+  }
+  ~ManifestScope() {
+    if (mActive) ::DeactivateActCtx(0, mCookie);
+    if (mContext != INVALID_HANDLE_VALUE) ::ReleaseActCtx(mContext);
+  }
+  ManifestScope(const ManifestScope&) = delete;
+  ManifestScope& operator=(const ManifestScope&) = delete;
+
+ private:
+  HANDLE mContext = INVALID_HANDLE_VALUE;
+  ULONG_PTR mCookie = 0;
+  bool mActive = false;
+};
+
+std::wstring FileBesideProgram(const wchar_t* name) {
+  std::wstring path(32768, L'\0');
+  path.resize(::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+  path.resize(path.rfind(L'\\') + 1);
+  return path + name;
+}
+
+// The control beside this program is found through its manifest, any other through the registry.
 ComPtr<IUnknown> CreateControl() {
+  const ManifestScope manifest(FileBesideProgram(L"Plotvane.manifest"));
   ComPtr<IUnknown> control;
   const HRESULT status =
       ::CoCreateInstance(CLSID_Graph, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(control.GetAddressOf()));
