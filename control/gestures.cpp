@@ -110,7 +110,9 @@ bool Gestures::KeyPressed(Key key, KeyPlace place) {
     return row.key == key && (!row.place || row.place == place);
   });
   if (binding == kBindings.end()) return false;
-  Run([this, binding] { binding->run(*this); });
+  // Escape ends the action whatever happens.
+  Run([this, binding] { binding->run(*this); },
+      key == Key::Escape ? AfterFailure::EndAction : AfterFailure::KeepAction);
   return true;
 }
 

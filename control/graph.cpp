@@ -65,16 +65,26 @@ void Graph::SetToolBarVisible(bool visible) {
   if (mSize != PixelSize{}) Resize(mSize);
 }
 
-// Marked as taken at once, since a message box may call back; taken back when it fails, so that the next
-// member tries again.
-void Graph::NeedSurface() {
-  if (std::exchange(mSurfaceTaken, true)) return;
+// Marked as taken at once, since what follows may call back; not taken when its size cannot be read, so that
+// the next member tries again.
+bool Graph::BeginFirstResize() {
+  if (std::exchange(mSurfaceTaken, true)) return false;
   try {
-    TakeSurface();
+    mEngine.ReadSurfaceSize();
   } catch (...) {
     mSurfaceTaken = false;
     throw;
   }
+  return true;
+}
+
+// Like in any resize, a range that cannot be shown is not the failure of the member that came first.
+void Graph::NeedSurface() {
+  if (!BeginFirstResize()) return;
+  mGestures.Guard([this] {
+    mEngine.PrepareGraph();
+    FinishResize();
+  });
 }
 
 void Graph::LayOutFace() {
@@ -84,6 +94,10 @@ void Graph::LayOutFace() {
 void Graph::TakeSurface() {
   mEngine.ReadSurfaceSize();
   mEngine.PrepareGraph();
+  FinishResize();
+}
+
+void Graph::FinishResize() {
   mFace->SetText(TextBox::txtStatusBar1, "Width=" + std::to_string(mEngine.SurfaceWidth) +
                                              " pixels   Height=" + std::to_string(mEngine.SurfaceHeight) +
                                              " pixels");
@@ -231,8 +245,12 @@ void Graph::ZDec() {
   Call([this] { mEngine.ZDec(); });
 }
 
+// The preparation of the first resize is this one: an empty range is reported once.
 void Graph::PrepareGraph() {
-  Call([this] { mEngine.PrepareGraph(); });
+  const auto keep = shared_from_this();
+  const bool first = BeginFirstResize();
+  mEngine.PrepareGraph();
+  if (first) mGestures.Guard([this] { FinishResize(); });
 }
 
 void Graph::SetYArray(std::vector<std::shared_ptr<graph::YFunction>> functions, bool redrawGraph) {

@@ -125,8 +125,11 @@ class Graph : public std::enable_shared_from_this<Graph> {
   [[nodiscard]] std::shared_ptr<graph::DrawingSurface> RequirePIC() const;
   // The first resize, when none came from a window: it takes the surface as it is.
   void NeedSurface();
+  // Its begin; false when there was one.
+  bool BeginFirstResize();
   void LayOutFace();
   void TakeSurface();
+  void FinishResize();
   void RedrawAfterResize();
 
   std::shared_ptr<OpenForms> mForms;

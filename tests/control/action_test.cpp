@@ -85,6 +85,15 @@ TEST(Action, escape_ends_every_action_from_everywhere) {
   }
 }
 
+TEST(Action, escape_ends_the_action_even_when_the_surface_refuses_its_pointer) {
+  const Control control;
+  control.Press(ToolBarItem::cmdZoomIn);
+  control.graph->SetPIC(std::make_shared<StubbornSurface>());
+  control.Events().KeyPressed(Key::Escape, KeyPlace::Control);
+  EXPECT_EQ(control.Events().CurrentAction(), Action::None);
+  EXPECT_EQ(control.face->Simple(), "Device I/O error");
+}
+
 TEST(Action, a_new_control_has_no_action_and_the_arrow) {
   const Control control;
   EXPECT_EQ(control.Events().CurrentAction(), Action::None);

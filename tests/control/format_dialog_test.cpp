@@ -177,6 +177,25 @@ TEST_F(Format, saving_writes_everything_and_redraws_nothing) {
   EXPECT_FALSE(View().shown);
 }
 
+TEST_F(Format, the_pen_is_written_after_the_options_and_before_the_density) {
+  control.graph->SetPIC(std::make_shared<StubbornSurface>());
+  Open();
+  for (const FormatOption option :
+       {optPolarGC, optDrawDot, optGridOn, optAxisOff, optDivisionsOff, optDegrees})
+    Events()->OptionClicked(option);
+  Events()->BarChanged(kDensity, 20);
+  Events()->OkPressed();
+  const graph::GraphEngine& engine = control.Engine();
+  EXPECT_EQ(control.face->Simple(), "Device I/O error");
+  EXPECT_EQ(engine.GCStyle, graph::POLARGC);
+  EXPECT_EQ(engine.PlotStyle, graph::DRAWDOT);
+  EXPECT_TRUE(engine.ShowGrid);
+  EXPECT_FALSE(engine.ShowAxis || engine.ShowAxisDivisions);
+  EXPECT_TRUE(control.graph->GetDegreeMode());
+  EXPECT_EQ(control.graph->GetPlotPixelStep(), 1);
+  EXPECT_TRUE(View().shown);
+}
+
 TEST_F(Format, saving_unchanged_values_leaves_redraw_all) {
   Open();
   Events()->BarChanged(kDensity, 30);

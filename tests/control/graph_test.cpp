@@ -173,6 +173,41 @@ TEST(Graph, without_a_surface_members_are_error_91) {
   }
 }
 
+TEST(Graph, an_empty_range_is_reported_once_also_at_the_first_preparation) {
+  const Control control;
+  control.Engine().Xmin = control.Engine().Xmax;
+  control.graph->PrepareGraph();
+  EXPECT_EQ(control.face->messages.size(), 1U);
+  control.graph->PrepareGraph();
+  EXPECT_EQ(control.face->messages.size(), 2U);
+}
+
+TEST(Graph, a_bad_range_before_the_first_resize_does_not_stop_a_preset) {
+  const Control control;
+  control.Engine().Xmin = -1e308;
+  control.Engine().Xmax = 1e308;
+  EXPECT_THROW(control.graph->PrepareGraph(), platform::RunTimeError);
+  const Control another;
+  another.Engine().Xmin = -1e308;
+  another.Engine().Xmax = 1e308;
+  another.graph->ZStandard();
+  EXPECT_EQ(another.Engine().XPixelSize, 0.05);
+  EXPECT_EQ(another.face->Simple(), kHint);
+}
+
+TEST(Graph, fields_are_only_stored) {
+  const Control control;
+  control.graph->PlotAllY();
+  int plots = 0;
+  control.graph->SetPlotDone([&] { ++plots; });
+  control.Engine().Xmin = -1;
+  control.Engine().W = 3;
+  EXPECT_EQ(plots, 0);
+  EXPECT_FALSE(control.Engine().RedrawAll);
+  EXPECT_EQ(control.Engine().XPixelSize, 0.05);
+  EXPECT_EQ(control.Engine().Xmax, 10);
+}
+
 TEST(Graph, a_first_resize_that_failed_is_made_again) {
   const Control control;
   control.graph->SetPIC(nullptr);

@@ -126,4 +126,12 @@ class FailingSurface : public graph::RasterSurface {
   void Clear() override { throw platform::RunTimeError(57, "Device I/O error"); }
 };
 
+// One that refuses its pen and its pointer.
+class StubbornSurface : public graph::RasterSurface {
+ public:
+  StubbornSurface() : RasterSurface(100, 100) {}
+  void SetPenWidth(std::int16_t) override { throw platform::RunTimeError(57, "Device I/O error"); }
+  void SetPointer(graph::PointerKind) override { throw platform::RunTimeError(57, "Device I/O error"); }
+};
+
 }  // namespace plotvane::control::test
