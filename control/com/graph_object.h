@@ -319,7 +319,6 @@ class GraphObject final
   HRESULT EnterInPlace();
   HRESULT ActivateUserInterface();
   void DeactivateUserInterface() noexcept;
-  void ClipWindow(const RECT& position, const RECT* clip);
   void DeactivateInPlace() noexcept;
   void ShowPartWithin(const RECT& position, const RECT* clip);
   void WindowGotFocus();

@@ -247,6 +247,16 @@ TEST(Graph, hiding_the_toolbar_gives_its_room_to_the_surface) {
   EXPECT_GT(control.graph->GetGraphHeight(), control.face->layouts[0].surface.height);
 }
 
+TEST(Graph, a_toolbar_hidden_before_there_is_a_window_stays_hidden) {
+  const Control control;
+  control.graph->SetToolBarVisible(false);
+  EXPECT_TRUE(control.face->layouts.empty());
+  EXPECT_FALSE(control.Engine().RedrawAll);
+  control.graph->Resize({640, 480});
+  ASSERT_EQ(control.face->layouts.size(), 1U);
+  EXPECT_TRUE(control.face->layouts[0].toolBar.IsEmpty());
+}
+
 TEST(Graph, set_y_array_draws_at_once_unless_told_not_to) {
   const Control control;
   int plots = 0;

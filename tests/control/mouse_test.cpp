@@ -168,6 +168,9 @@ TEST_F(Mouse, a_box_without_size_is_refused_with_a_message_and_ends_the_action) 
   EXPECT_EQ(plots, 0);
   EXPECT_EQ(control.Events().CurrentAction(), Action::None);
   ExpectEdges(control, {-10, 10, -10, 10});
+  // The range status that ends the drag measures the size, which the refusal had lost, from the edges again.
+  EXPECT_EQ(control.face->Simple(), "(20 x 20)  Xmin=-10  XMax=10  YMin=-10  YMax=10");
+  EXPECT_EQ(control.Engine().W, 20);
 }
 
 TEST_F(Mouse, escape_during_the_drag_hides_the_box_and_does_not_zoom) {

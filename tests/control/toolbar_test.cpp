@@ -161,6 +161,13 @@ TEST_F(ToolBarPresses, number_answered_with_a_word_is_a_division_by_zero) {
   EXPECT_EQ(Simple(), "Division by zero");
 }
 
+TEST_F(ToolBarPresses, number_answered_with_too_large_a_number_is_an_overflow) {
+  control.face->answer = "1e999";
+  ChooseFromMenu(ZoomCommand::mnuZoomNumber);
+  EXPECT_EQ(Simple(), "Overflow");
+  EXPECT_EQ(control.Engine().Xmax, 10);
+}
+
 TEST_F(ToolBarPresses, the_separator_does_nothing) {
   ChooseFromMenu(ZoomCommand::mnuSep1);
   EXPECT_EQ(Simple(), kHint);
