@@ -34,10 +34,7 @@ namespace {
 
 bool IsRandomFunction(std::string_view name) {
   const functions::Function* function = functions::FindFunction(name);
-  if (!function) return false;
-  using functions::Operation;
-  return function->operation == Operation::Rnd || function->operation == Operation::Random ||
-         function->operation == Operation::RandomInt;
+  return function && function->IsRandom();
 }
 
 bool HasSideEffect(const Token& token) {

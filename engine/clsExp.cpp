@@ -163,8 +163,7 @@ bool clsExp::MayReplayCompiled() const noexcept {
 
 bool clsExp::ReplayCompiled(std::size_t outerLevels, Value& result) {
   if (!MayReplayCompiled()) return false;
-  const auto angleMode = mRadianMode ? functions::AngleMode::Radians : functions::AngleMode::Degrees;
-  BoundProgram& bound = *mPPE->Compiled(mOwnTable, angleMode, {});
+  BoundProgram& bound = *mPPE->Compiled(mOwnTable, AngleMode(), {});
   if (!bound.Refresh()) return false;
   Program& program = bound.Compiled();
   if (outerLevels + program.Depth() > Evaluator::kMostLevels) return false;

@@ -134,6 +134,10 @@ class clsExp {
   friend class Evaluator;
   class Run;
 
+  [[nodiscard]] functions::AngleMode AngleMode() const noexcept {
+    return mRadianMode ? functions::AngleMode::Radians : functions::AngleMode::Degrees;
+  }
+
   // A replay by the compiled program of the current list. False, and nothing has happened, when that is off
   // or not possible, or when the exact evaluator is needed to find an error. `outerLevels` are in progress
   // around it.

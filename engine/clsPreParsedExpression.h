@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "engine/token.h"
-#include "functions/call_context.h"
+#include "functions/catalogue.h"
 
 namespace plotvane::identifiers {
 class clsVarTable;

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <string>
 
-#include "functions/call_context.h"
+#include "functions/errors.h"
 
 namespace plotvane::engine {
 

@@ -9,6 +9,7 @@
 #include "engine/evaluator.h"
 #include "engine/literal.h"
 #include "engine/operators.h"
+#include "functions/compute.h"
 
 namespace plotvane::engine {
 namespace {
@@ -365,13 +366,8 @@ class Compiler {
     return true;
   }
 
-  static bool IsRandom(Operation operation) noexcept {
-    return operation == Operation::Rnd || operation == Operation::Random || operation == Operation::RandomInt;
-  }
-
   bool ReadCall(const Function& function) {
-    if (function.IsCalculus() || IsRandom(function.operation) || !IsOpenBracketKind(mToken.kind))
-      return false;
+    if (function.IsCalculus() || function.IsRandom() || !IsOpenBracketKind(mToken.kind)) return false;
     const TokenKind bracket = mToken.kind;
     std::size_t count = 0;
     do {
@@ -379,7 +375,7 @@ class Compiler {
       if (!ReadLevel(kStatementLevel)) return false;
       ++count;
     } while (mToken.kind == TokenKind::Comma);
-    if (count < function.least || count > function.most || !Close(bracket)) return false;
+    if (!functions::CheckCount(function, count).None() || !Close(bracket)) return false;
     EmitCall(function, count);
     return true;
   }

@@ -40,8 +40,7 @@ bool Curve::At(double x, double& y) {
 bool Curve::Prepare() {
   const clsExp& expression = mExpression;
   if (!expression.MayReplayCompiled() || expression.mState->inProgress) return false;
-  const auto angleMode =
-      expression.mRadianMode ? functions::AngleMode::Radians : functions::AngleMode::Degrees;
+  const functions::AngleMode angleMode = expression.AngleMode();
   if (!mBound || mTokens != &expression.mPPE->List() ||
       !mBound->IsFor(expression.mOwnTable.get(), angleMode)) {
     mBound = expression.mPPE->Compiled(expression.mOwnTable, angleMode, mVariable);

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "functions/call_context.h"
+#include "functions/errors.h"
 
 namespace plotvane::engine {
 

@@ -6,7 +6,7 @@
 #include "engine/clsExp.h"
 #include "engine/evaluation_state.h"
 #include "engine/evaluator.h"
-#include "functions/dispatch.h"
+#include "functions/compute.h"
 #include "platform/conversions.h"
 
 namespace plotvane::engine {
@@ -94,9 +94,8 @@ void Evaluator::EndCall(Level& level) {
   const ErrorPair wrongCount = functions::CheckCount(*level.function, level.argumentCount);
   if (!wrongCount.None()) return mReader->Raise(wrongCount);
   if (level.calculus) return BeginCalculus(level);
-  const auto angle = mExpression->mRadianMode ? functions::AngleMode::Radians : functions::AngleMode::Degrees;
   const auto arguments = std::span(mArguments).subspan(level.firstArgument);
-  const functions::Trapped result = functions::Compute(*level.function, angle, arguments);
+  const functions::Trapped result = functions::Compute(*level.function, mExpression->AngleMode(), arguments);
   mArguments.resize(level.firstArgument);
   if (result.Ok()) level.value = Value(result.Get());
   ClimbUnless(result.Error(), level);

@@ -11,7 +11,7 @@
 #include "engine/clsPreParsedExpression.h"
 #include "engine/clsStack.h"
 #include "engine/lexer.h"
-#include "functions/call_context.h"
+#include "functions/errors.h"
 
 namespace plotvane::engine {
 

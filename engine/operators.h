@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "engine/token.h"
-#include "functions/call_context.h"
+#include "functions/errors.h"
 #include "platform/value.h"
 
 namespace plotvane::engine {

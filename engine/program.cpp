@@ -3,7 +3,7 @@
 #include <array>
 #include <span>
 
-#include "functions/dispatch.h"
+#include "functions/compute.h"
 #include "functions/plain.h"
 #include "platform/value.h"
 

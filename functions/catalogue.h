@@ -1,7 +1,7 @@
 // The catalogue: the one table of all built-in function names.
 //
-// Dispatch, arity errors, the help and completion of the command line and the language reference walk this
-// table; no other place lists the names. Its order is the order in which dispatch tests them.
+// The evaluator, arity errors, the help and completion of the command line and the language reference use
+// this table; no other place lists the names. Its order is that of the reference.
 #pragma once
 
 #include <algorithm>
@@ -10,8 +10,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-
-#include "functions/call_context.h"
 
 namespace plotvane::functions {
 
@@ -81,6 +79,9 @@ enum class Operation : std::uint8_t {
 };
 inline constexpr std::size_t kOperationCount = static_cast<std::size_t>(Operation::PPmt) + 1;
 
+// The unit of angles.
+enum class AngleMode : std::uint8_t { Radians, Degrees };
+
 // How the angle mode takes part in a call.
 enum class AngleRule : std::uint8_t {
   None,
@@ -99,6 +100,11 @@ struct Function {
 
   // True for the operations that take an expression and a variable instead of values only.
   [[nodiscard]] constexpr bool IsCalculus() const noexcept { return operation <= Operation::SigmaSum; }
+
+  // True for the operations that draw from the random generator, so that no two calls need agree.
+  [[nodiscard]] constexpr bool IsRandom() const noexcept {
+    return operation == Operation::Rnd || operation == Operation::Random || operation == Operation::RandomInt;
+  }
 };
 
 // clang-format off

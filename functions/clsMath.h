@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "functions/call_context.h"
+#include "functions/errors.h"
 #include "functions/trapped.h"
 #include "platform/outcome.h"
 #include "platform/value.h"

@@ -3,7 +3,6 @@
 #include "functions/arithmetic.h"
 #include "functions/financial.h"
 #include "functions/formulas.h"
-#include "functions/plain.h"
 #include "functions/unary_formulas.h"
 
 namespace plotvane::functions {
@@ -49,26 +48,17 @@ Trapped OneOrTwo(Arguments a) {
   return a.count < 2 ? kWithOne(a.values[0]) : kWithTwo(a.values[0], a.values[1]);
 }
 
-// What carries out an operation: on trapped numbers always, on plain ones where `plain` is set.
+// What carries out an operation.
 struct Row {
   Runner radians = nullptr;
   Runner degrees = nullptr;
-  PlainFunction plainRadians = nullptr;
-  PlainFunction plainDegrees = nullptr;
   AngleRule rule = AngleRule::None;
   bool filled = false;  // instead of comparing addresses, which sanitized builds cannot do at compile time
 };
 
-using PlainNumber = Plain<WholeRangeKernels>;
-
 template <class Formula>
 Trapped RunTrapped(Arguments a) {
   return Formula::template Apply<Trapped>(a.values[0]);
-}
-
-template <class Formula>
-double RunPlain(double x) {
-  return Formula::template Apply<PlainNumber>(x).Get();
 }
 
 class Table {
@@ -102,8 +92,7 @@ class Table {
   constexpr void Make(Operation operation) {
     using Radians = WithAngles<kRule, AngleMode::Radians, kFormula>;
     using Degrees = WithAngles<kRule, AngleMode::Degrees, kFormula>;
-    At(operation) = {
-        RunTrapped<Radians>, RunTrapped<Degrees>, RunPlain<Radians>, RunPlain<Degrees>, kRule, true};
+    At(operation) = {RunTrapped<Radians>, RunTrapped<Degrees>, kRule, true};
   }
 
   [[nodiscard]] constexpr const Row& operator[](Operation operation) const {
@@ -131,11 +120,6 @@ static_assert(std::ranges::all_of(kCatalogue, [](const Function& function) {
 Trapped Run(Operation operation, AngleMode mode, const NumericArguments& arguments) {
   const Row& row = kTable[operation];
   return (mode == AngleMode::Degrees ? row.degrees : row.radians)(arguments);
-}
-
-PlainFunction FindPlain(Operation operation, AngleMode mode) noexcept {
-  const Row& row = kTable[operation];
-  return mode == AngleMode::Degrees ? row.plainDegrees : row.plainRadians;
 }
 
 }  // namespace plotvane::functions

@@ -17,10 +17,4 @@ struct NumericArguments {
 // Runs an operation, angle conversions included. Not for the calculus operations.
 [[nodiscard]] Trapped Run(Operation operation, AngleMode mode, const NumericArguments& arguments);
 
-// The plain form of an operation on one real number, angle conversions included: one call from double to
-// double, with the bits of Run. A result that is not finite says that Run must be asked for the error. Null
-// where there is none.
-using PlainFunction = double (*)(double);
-[[nodiscard]] PlainFunction FindPlain(Operation operation, AngleMode mode) noexcept;
-
 }  // namespace plotvane::functions

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "functions/call_context.h"
+#include "functions/errors.h"
 #include "functions/kernels/bits.h"
 #include "functions/kernels/kernels.h"
 #include "platform/outcome.h"

@@ -1,8 +1,8 @@
 // The functions of one real number, as one table for any kind of number.
 //
-// A maker turns each formula into what its user needs: the scalar table makes a trapped and a plain form, the
-// columns a loop. Angle conversions are part of the forms, so a maker sees one formula from the argument as
-// written to the result as shown.
+// A maker turns each formula into what its user needs: the table of operations makes a trapped form, the
+// compiled programs a plain one and a loop over columns. Angle conversions are part of the forms, so a maker
+// sees one formula from the argument as written to the result as shown.
 #pragma once
 
 #include "functions/catalogue.h"

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "functions/call_context.h"
+#include "functions/errors.h"
 #include "hosts/terminal/calc_report.h"
 #include "platform/runtime_error.h"
 #include "platform/value.h"

@@ -231,6 +231,40 @@ TEST(Calculus, lists_that_cannot_be_read) {
   }
 }
 
+TEST(Calculus, an_omitted_step_is_1_for_sums_and_a_hundredth_for_the_others) {
+  struct Row {
+    std::string_view shortForm, longForm;
+  };
+  for (const Row& row : std::array{
+           Row{"sigmasum(x^2,x,1,4)", "ss(x^2,x,1,4,1)"},
+           Row{"definiteintegral(x^2,x,0,1)", "di(x^2,x,0,1,0.01)"},
+           Row{"derivative(x^2,x,3)", "der(x^2,x,3,0.01)"},
+           Row{"nderivative(2,x^3,x,3)", "nder(2,x^3,x,3,0.01)"},
+       }) {
+    Calculator calculator;
+    EXPECT_EQ(calculator.Report(row.shortForm), calculator.Report(row.longForm)) << row.shortForm;
+  }
+}
+
+TEST(Calculus, an_order_is_rounded_to_a_whole_number_of_16_bits) {
+  Calculator calculator;
+  EXPECT_EQ(calculator.Report("nder(2.5,x^3,x,3,1)"), calculator.Report("nder(2,x^3,x,3,1)"));
+  EXPECT_EQ(calculator.Report("nder(-40,x,x,1)"), kUndefined);
+  EXPECT_EQ(calculator.Report("nder(32767.5,x,x,1)"), "error 6: Overflow");
+  EXPECT_EQ(calculator.Report("nder(-32769,x,x,1)"), "error 6: Overflow");
+}
+
+TEST(Calculus, texts_that_are_no_numbers_are_told_before_the_operation_begins) {
+  Calculator calculator;
+  ASSERT_TRUE(calculator.expression.GetVarTable()->Change("t", Value("a")));
+  for (const std::string_view line :
+       {"di(v=x,x,t,1)", "di(v=x,x,0,t)", "di(v=x,x,0,1,t)", "nder(t,v=x,x,1)"}) {
+    EXPECT_EQ(calculator.Report(line), "error 13: Type mismatch") << line;
+  }
+  Value never;
+  EXPECT_FALSE(calculator.expression.GetVarTable()->GetIdValue("v", never));
+}
+
 TEST(Calculus, angles_follow_the_caller) {
   Calculator calculator;
   calculator.expression.SetDegreeMode(true);

@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "functions/dispatch.h"
+#include "functions/compute.h"
 
 namespace plotvane::functions {
 namespace {
