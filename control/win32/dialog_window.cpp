@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "control/win32/floating_point_state.h"
+
 namespace plotvane::control::win32 {
 
 bool DialogWindow::CreateModeless(HINSTANCE module, const DialogTemplate& description) {
@@ -16,6 +18,7 @@ bool DialogWindow::CreateModeless(HINSTANCE module, const DialogTemplate& descri
 
 INT_PTR DialogWindow::RunModal(HINSTANCE module, HWND owner, const DialogTemplate& description) {
   mModule = module;
+  const HostFloatingPoint hostState;  // other windows get their messages meanwhile
   return ::DialogBoxIndirectParamW(module, description.Get(), owner, &DialogWindow::Procedure,
                                    reinterpret_cast<LPARAM>(this));
 }
@@ -64,6 +67,7 @@ INT_PTR CALLBACK DialogWindow::Procedure(HWND dialog, UINT message, WPARAM wPara
   }
   auto* const object = reinterpret_cast<DialogWindow*>(::GetWindowLongPtrW(dialog, DWLP_USER));
   if (object == nullptr || object->mDialog == nullptr) return FALSE;
+  const OwnFloatingPoint ownState;
   try {
     const auto keep = object->weak_from_this().lock();
     return object->Dispatch(message, wParam, lParam);

@@ -1,5 +1,7 @@
 #include "control/win32/keyboard_filter.h"
 
+#include "control/win32/floating_point_state.h"
+
 namespace plotvane::control::win32 {
 namespace {
 
@@ -18,6 +20,7 @@ LRESULT CALLBACK FilterProcedure(HWND control, UINT message, WPARAM wParam, LPAR
     RemoveFilter(control);
     return ::CallWindowProcW(own, control, message, wParam, lParam);
   }
+  const OwnFloatingPoint ownState;
   try {
     const auto keep = filter == nullptr ? nullptr : filter->KeepOwnerAlive();
     const auto answer = filter == nullptr ? std::nullopt : filter->Filter(control, message, wParam, lParam);

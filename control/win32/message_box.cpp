@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "control/win32/dialog_window.h"
+#include "control/win32/floating_point_state.h"
 #include "control/win32/wide_text.h"
 
 namespace plotvane::control::win32 {
@@ -57,6 +58,7 @@ class InputBox : public DialogWindow {
 }  // namespace
 
 void ShowMessageBox(HWND owner, const MessageContents& contents) {
+  const HostFloatingPoint hostState;  // other windows get their messages meanwhile
   ::MessageBoxW(owner, ToWide(contents.text).c_str(), ToWide(contents.title).c_str(),
                 MB_OK | IconFlag(contents.icon) | (owner == nullptr ? MB_TASKMODAL : 0U));
 }

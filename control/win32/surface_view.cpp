@@ -36,6 +36,7 @@ SurfaceView::~SurfaceView() {
 bool SurfaceView::Create(HINSTANCE module, HWND parent) {
   const bool created = CreateWindowOf({.module = module,
                                        .className = kClassName,
+                                       .text = L"Plot",  // for screen readers
                                        .style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS,
                                        .parent = parent});
   mSurface->SetWindow(Handle());

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "control/win32/floating_point_state.h"
+
 namespace plotvane::control::win32 {
 
 Window* Window::Bound(HWND window) noexcept {
@@ -58,6 +60,7 @@ LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPA
   }
   Window* const object = Bound(window);
   if (object == nullptr) return ::DefWindowProcW(window, message, wParam, lParam);
+  const OwnFloatingPoint ownState;
   try {
     const std::shared_ptr<void> keep = object->KeepAlive();
     const LRESULT result = object->HandleMessage(message, wParam, lParam);

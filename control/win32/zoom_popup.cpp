@@ -1,5 +1,6 @@
 #include "control/win32/zoom_popup.h"
 
+#include "control/win32/floating_point_state.h"
 #include "control/win32/handles.h"
 #include "control/win32/wide_text.h"
 
@@ -12,6 +13,7 @@ std::optional<ZoomCommand> ShowZoomPopup(HWND owner, std::span<const ZoomMenuEnt
     const UINT kind = entry.caption.empty() ? MF_SEPARATOR : MF_STRING;
     ::AppendMenuW(menu.Get(), kind, ++id, ToWide(entry.caption).c_str());
   }
+  const HostFloatingPoint hostState;  // other windows get their messages meanwhile
   POINT at{};
   ::GetCursorPos(&at);
   const int chosen =

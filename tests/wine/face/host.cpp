@@ -1,5 +1,7 @@
 #include "host.h"
 
+#include <cstdlib>
+
 #include "control/win32/wide_text.h"
 
 namespace plotvane::test {
@@ -9,7 +11,8 @@ std::string HostCommand(const std::string& arguments) {
   ::GetModuleFileNameW(nullptr, path, MAX_PATH);
   std::string folder = control::win32::FromWide(path);
   folder.resize(folder.find_last_of("\\/"));
-  return "\"" + folder + "\\face_host.exe\" " + arguments;
+  const char* const program = std::getenv("PLOTVANE_FACE_HOST");
+  return "\"" + folder + "\\" + (program == nullptr ? "face_host.exe" : program) + "\" " + arguments;
 }
 
 bool Dismiss(std::string_view title) {

@@ -7,7 +7,8 @@
 
 namespace plotvane::test {
 
-// The command that starts face_host, which lies beside the test program.
+// The command that starts the host, which lies beside the test program: face_host, or what the variable
+// PLOTVANE_FACE_HOST names.
 std::string HostCommand(const std::string& arguments);
 
 // One control on the screen; `index` chooses the second of two.
