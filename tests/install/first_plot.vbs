@@ -1,18 +1,19 @@
 ' What a script does with the control after it was registered from the unpacked package.
 Option Explicit
 Class YFunction
-  Public Equation, Enabled, DrawStyle, DrawColor, QuickRedraw
+  Public Equation
+  Public Enabled
+  Public DrawStyle
+  Public DrawColor
+  Public QuickRedraw
 End Class
-Dim graph, functions(1)
+Dim graph, functions(1), y, table, weight, found
+Set y = New YFunction
+y.Equation = "sin(x)": y.Enabled = True: y.DrawStyle = 1: y.DrawColor = 255: y.QuickRedraw = False
+Set functions(1) = y
 Set graph = CreateObject("Plotvane.Graph")
-Set functions(1) = New YFunction
-functions(1).Equation = "sin(x)"
-functions(1).Enabled = True
-functions(1).DrawStyle = 1
-functions(1).DrawColor = 255
-functions(1).QuickRedraw = False
 graph.SetYArray functions
-graph.VarTable.LoadOriginalChemData
-Dim weight
-graph.VarTable.GetIdValue "O", weight
-WScript.Echo functions(1).QuickRedraw & " " & weight
+Set table = graph.VarTable
+table.LoadOriginalChemData
+found = table.GetIdValue("O", weight)
+WScript.Echo y.QuickRedraw & " " & weight
