@@ -1,6 +1,7 @@
 // The integral of 10^7 points: left-endpoint rectangles, the counter grown by repeated addition.
 #include <benchmark/benchmark.h>
 
+#include <iomanip>
 #include <sstream>
 #include <string>
 
@@ -31,7 +32,7 @@ void RegisterIntegral() {
       Recording recording(workload);
       std::ostringstream call;
       call << "di(" << workload.plotvane << ",x," << kIntegralFrom << "," << kIntegralTo << "," << std::fixed
-           << kIntegralWidth << ")";
+           << std::setprecision(9) << kIntegralWidth << ")";
       platform::Value value;
       const auto evaluate = [&] { return recording.expression.Evaluate(call.str(), value); };
       if (!evaluate() || !Agree(value.ToNumber().Get(), NativeIntegral(workload.native))) {

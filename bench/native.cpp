@@ -43,7 +43,7 @@ double Between(double x) {
   return x > 0 && x < 5 ? -1 : 0;
 }
 double Nested(double x) {
-  return ((((((((((x + 1) * 2) - 3) / 4) + 5) * 6) - 7) / 8) + 9) * 10);
+  return ((((((((((x + 1) * 2 - x) / 3 + 4) * x - 5) / 6 + x) * 7 - 8) / 9 + x) * 2 - 3) / 4 + x) * x);
 }
 
 double Polynomial(double x) {

@@ -14,7 +14,7 @@ constexpr const char* kPolynomial =
     "*x+1)*x-2)*x+0.25)*x-1)*x+3)*x-0.5)*x+2)*x-1)*x+0.75)*x-3)"
     "*x+1)*x-2)*x+0.25)*x-1)*x+3)*x-0.5)*x+2)*x-1)*x+0.75)*x-3";
 
-constexpr const char* kNested = "((((((((((x+1)*2)-3)/4)+5)*6)-7)/8)+9)*10)";
+constexpr const char* kNested = "((((((((((x+1)*2-x)/3+4)*x-5)/6+x)*7-8)/9+x)*2-3)/4+x)*x)";
 
 constexpr std::array<Workload, kWorkloadCount> kWorkloads = {{
     {"x", "x", "x", "x", native::Identity},

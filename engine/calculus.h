@@ -25,6 +25,8 @@
 
 namespace plotvane::engine {
 
+class Curve;
+
 enum class CalculusEnd : std::uint8_t {
   Running,
   Done,
@@ -39,6 +41,10 @@ class CalculusOperation {
 
   // Sets the variable to the next place; false when the operation has ended.
   [[nodiscard]] virtual bool NextPoint() = 0;
+
+  // Passes that `curve`, the expression over the variable, computes in blocks, with the same results as one by one;
+  // called before NextPoint, after the first one. Operations that evaluate few points leave them all to NextPoint.
+  virtual void TakeBlocks(Curve& /*curve*/) {}
 
   // What the evaluation at that place gave: a value, or a failure that a graph would tolerate or not.
   virtual void Take(double value) = 0;

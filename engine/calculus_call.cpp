@@ -22,6 +22,7 @@ std::unique_ptr<clsExp> MakePrivateObject(const clsExp& caller,
   object->SetRadianMode(caller.GetRadianMode());
   object->ErrObj().GraphMode = true;
   object->SetAcceptNumericResultOnly(true);
+  object->SetCompiledReplay(caller.GetCompiledReplay());
   object->SetPPE(std::move(expression));
   return object;
 }

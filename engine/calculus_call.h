@@ -7,6 +7,7 @@
 
 #include "engine/calculus.h"
 #include "engine/clsExp.h"
+#include "engine/curve.h"
 #include "functions/catalogue.h"
 
 namespace plotvane::engine {
@@ -16,6 +17,7 @@ struct CalculusCall {
   std::string variable;
   std::unique_ptr<clsExp> privateObject;  // evaluates `expression`
   std::unique_ptr<CalculusOperation> operation;
+  std::unique_ptr<Curve> curve;  // of the private object over the variable
 };
 
 // The numbers of a calculus call, by their places in all four forms.

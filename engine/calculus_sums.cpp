@@ -1,6 +1,10 @@
+#include <algorithm>
+#include <array>
+#include <span>
 #include <utility>
 
 #include "engine/calculus.h"
+#include "engine/curve.h"
 #include "platform/conversions.h"
 
 namespace plotvane::engine {
@@ -31,6 +35,8 @@ class CountedSum : public CalculusOperation {
     return false;
   }
 
+  void TakeBlocks(Curve& curve) override;
+
   void Take(double value) override {
     const auto sum = Finite(mSum + value);
     if (!sum.Ok()) return CloseWithError(sum.Error());
@@ -52,6 +58,16 @@ class CountedSum : public CalculusOperation {
     mLoop = MakeLoop();
     return mLoop.has_value();
   }
+
+  static constexpr std::size_t kSmallestBlock = 8;
+  static constexpr std::size_t kLargestBlock = 512;
+  using Numbers = std::array<double, kLargestBlock>;
+
+  // The next places of the loop, as long as it runs and they fit; the loop is then past them.
+  static std::size_t Collect(CountedLoop& loop, std::size_t most, Numbers& places);
+  [[nodiscard]] double AddWhileCollecting(std::span<const double> values, CountedLoop& loop, Numbers& places,
+                                          std::size_t& collected) const;
+  void TakeOneByOne(std::span<const double> places, std::span<const double> values);
 
   void Advance() {
     mLoop->Advance();
@@ -79,7 +95,73 @@ class CountedSum : public CalculusOperation {
   std::optional<CountedLoop> mLoop;
   double mSum;
   double mFactor;
+  // Grows as long as whole blocks succeed: an expression that fails everywhere is not computed in vain.
+  std::size_t mBlock = kSmallestBlock;
 };
+
+std::size_t CountedSum::Collect(CountedLoop& loop, std::size_t most, Numbers& places) {
+  std::size_t collected = 0;
+  for (; collected < most && loop.Running(); loop.Advance()) places[collected++] = loop.Counter();
+  return collected;
+}
+
+// The sum with all values added, in order, and as many of the next places: the counter and the sum are two
+// chains of additions, and side by side they take the time of one.
+double CountedSum::AddWhileCollecting(std::span<const double> values, CountedLoop& loop, Numbers& places,
+                                      std::size_t& collected) const {
+  CountedLoop next = loop;
+  double sum = mSum;
+  std::size_t count = 0;
+  for (const double value : values) {
+    sum += value;
+    if (!next.Running()) continue;
+    places[count++] = next.Counter();
+    next.Advance();
+  }
+  loop = next;
+  collected = count;
+  return sum;
+}
+
+void CountedSum::TakeOneByOne(std::span<const double> places, std::span<const double> values) {
+  for (std::size_t i = 0; i < values.size() && End() == CalculusEnd::Running; ++i) {
+    // It was set before, and nobody else changes the table meanwhile.
+    static_cast<void>(mVariable.Set(places[i]));
+    Take(values[i]);
+  }
+}
+
+void CountedSum::TakeBlocks(Curve& curve) {
+  if (End() != CalculusEnd::Running || !mLoop) return;
+  Numbers places;
+  Numbers nextPlaces;
+  Numbers values;
+  CountedLoop ahead = *mLoop;
+  std::size_t count = Collect(ahead, mBlock, places);
+  // A counter that overflows is an error of the pass before it: NextPoint meets it.
+  while (count > 0 && Finite(ahead.Counter()).Ok()) {
+    const std::span<const double> xs = std::span(places).first(count);
+    const std::size_t done = curve.CompiledBlock(xs, std::span(values).first(count));
+    const std::span<const double> ys = std::span(values).first(done);
+    const CountedLoop after = ahead;
+    std::size_t collected = 0;
+    const double sum = AddWhileCollecting(ys, ahead, nextPlaces, collected);
+    // An infinity or a not-a-number stays one, whatever is added.
+    if (!Finite(sum).Ok()) return TakeOneByOne(xs, ys);
+    mSum = sum;
+    if (done < count) {
+      for (std::size_t i = 0; i < done; ++i) mLoop->Advance();
+      mBlock = kSmallestBlock;
+      return;
+    }
+    mLoop = after;
+    mBlock = std::min(2 * mBlock, kLargestBlock);
+    std::swap(places, nextPlaces);
+    count = collected + (collected == count ? Collect(ahead, mBlock - collected, nextPlaces) : 0);
+    std::copy_n(nextPlaces.begin(), count - collected,
+                places.begin() + static_cast<std::ptrdiff_t>(collected));
+  }
+}
 
 class SigmaSum : public CountedSum {
  public:

@@ -24,6 +24,7 @@ constexpr std::size_t kLevelsOfCallBack = 32;
 class clsExp::Run {
  public:
   explicit Run(clsExp& expression) : mExpression(expression) {
+    ++mExpression.mEpoch;
     EvaluationState& state = *mExpression.mState;
     if (state.inProgress) {
       mOuter = std::make_unique<EvaluationState>(mExpression, state.evaluator.Levels() + kLevelsOfCallBack);
@@ -65,6 +66,7 @@ clsExp::~clsExp() = default;
 // --- Modes
 
 bool clsExp::SetFixedDecimalPlaces(const Value& newNum) {
+  ++mEpoch;
   const auto number = newNum.ToNumber();
   if (!number.Ok() || number.Get() > 127 || number.Get() < -100) return false;
   mFixedDecimalPlaces = platform::ToInt16(number.Get()).Get();
@@ -76,6 +78,7 @@ std::int16_t clsExp::GetFixedDecimalPlaces() const noexcept {
 }
 
 bool clsExp::SetFormatMode(std::string_view newModeString) {
+  ++mEpoch;
   const auto mode = FindNumberMode(platform::LowerCaseText(newModeString));
   mNumberMode = mode.value_or(NumberMode::Decimal);
   return mode.has_value();
@@ -89,12 +92,14 @@ bool clsExp::GetRadianMode() const noexcept {
   return mRadianMode;
 }
 void clsExp::SetRadianMode(bool on) noexcept {
+  ++mEpoch;
   mRadianMode = on;
 }
 bool clsExp::GetDegreeMode() const noexcept {
   return !mRadianMode;
 }
 void clsExp::SetDegreeMode(bool on) noexcept {
+  ++mEpoch;
   mRadianMode = !on;
 }
 
@@ -102,12 +107,14 @@ bool clsExp::GetAcceptNumericResultOnly() const noexcept {
   return mAcceptNumericResultOnly;
 }
 void clsExp::SetAcceptNumericResultOnly(bool on) noexcept {
+  if (mAcceptNumericResultOnly != on) ++mEpoch;
   mAcceptNumericResultOnly = on;
 }
 
 // --- Evaluation
 
 void clsExp::PreEvalInitiate() {
+  ++mEpoch;
   ClearErrors();
   mState->reader.ForgetErrorNumbers();
   mState->reader.ForgetBrackets();
@@ -136,6 +143,7 @@ bool clsExp::EvaluateThenSavePreParsedExpression(std::string_view text, Value& r
 }
 
 void clsExp::SetPPE(std::shared_ptr<clsPreParsedExpression> newPPE) {
+  ++mEpoch;
   mPPE = std::move(newPPE);
 }
 
@@ -206,6 +214,7 @@ const std::shared_ptr<platform::VariableTable>& clsExp::GetVarTable() const noex
   return mVarTable;
 }
 void clsExp::SetVarTable(std::shared_ptr<platform::VariableTable> table) noexcept {
+  ++mEpoch;
   mOwnTable = std::dynamic_pointer_cast<identifiers::clsVarTable>(table);
   mVarTable = std::move(table);
 }
@@ -225,6 +234,7 @@ bool clsExp::ErrorAlreadySet() const noexcept {
   return mState->reader.ErrorAlreadySet();
 }
 void clsExp::SetErrorFlags(bool errorOccurred, bool errorAlreadySet) noexcept {
+  ++mEpoch;
   mState->reader.SetErrorFlags(errorOccurred, errorAlreadySet);
 }
 std::string_view clsExp::e_Spelling() const noexcept {

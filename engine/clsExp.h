@@ -80,6 +80,9 @@ class clsExp {
   // error.
   bool EvaluateThenSavePreParsedExpression(std::string_view text, platform::Value& result);
 
+  // Whether the table is the system's own: then nobody outside hears of its use.
+  [[nodiscard]] bool HasOwnTable() const noexcept { return mOwnTable != nullptr; }
+
   // Replays: the recorded tokens are evaluated again with what the variables hold now.
   void SetPPE(std::shared_ptr<clsPreParsedExpression> newPPE);
   [[nodiscard]] const std::shared_ptr<clsPreParsedExpression>& GetPPE() const noexcept;
@@ -102,7 +105,11 @@ class clsExp {
 
   // Off, replays are evaluated exactly and never by a compiled program. Nothing but time depends on it; on by
   // default.
-  void SetCompiledReplay(bool on) noexcept { mCompiledReplay = on; }
+  [[nodiscard]] bool GetCompiledReplay() const noexcept { return mCompiledReplay; }
+  void SetCompiledReplay(bool on) noexcept {
+    mCompiledReplay = on;
+    ++mEpoch;
+  }
 
   // When on, a single statement is not formatted, and a result that is not numeric is custom error 8. A
   // boolean is numeric, as is a text that is a number from end to end.
@@ -161,6 +168,10 @@ class clsExp {
   bool mRadianMode = true;
   bool mAcceptNumericResultOnly = false;
   bool mCompiledReplay = true;
+  // Grows with every setting, every exact evaluation and every replay of another program: as long as it is
+  // the same, a replay finds this object as the one before left it, but for what is public in the error
+  // object and in the list.
+  std::uint64_t mEpoch = 0;
 };
 
 }  // namespace plotvane::engine

@@ -17,6 +17,7 @@ bool clsExp::RunCalculus(functions::Operation operation, std::shared_ptr<clsPreP
   }
   const auto made = MakeOperation(operation, mVarTable, *expression, variable, numbers);
   const auto object = MakePrivateObject(*this, std::move(expression));
+  Curve curve(*object, variable);
   platform::Value value;
   while (made->NextPoint()) {
     if (object->EvaluateCurrentPreParsedExpression(value)) {
@@ -24,6 +25,7 @@ bool clsExp::RunCalculus(functions::Operation operation, std::shared_ptr<clsPreP
     } else {
       made->TakeFailure(object->ErrObj().WasOkGraphErr);
     }
+    made->TakeBlocks(curve);
   }
   if (made->End() == CalculusEnd::Error) mState->reader.Raise(made->Error());
   if (const auto number = made->Result()) result = *number;

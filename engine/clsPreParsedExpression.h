@@ -74,6 +74,7 @@ class clsPreParsedExpression {
   [[nodiscard]] bool GetNext(std::string& token, std::string& spelling);
 
   void SetNextToBeginning() noexcept;
+  [[nodiscard]] bool IsAtBeginning() const noexcept { return mNext == 0; }
 
   // All spellings with nothing between them: for display only, as word operators lose their blanks ("1modx")
   // and based literals their prefix.

@@ -40,6 +40,12 @@ class clsStdErrObj : public functions::ErrorSink {
   // Both numbers 0, both texts empty, the owner's failure flags down; GraphMode and WasOkGraphErr stay.
   void ClearLastErrors();
 
+  // Both numbers 0 and both texts empty.
+  [[nodiscard]] bool IsClear() const noexcept {
+    return (StandardErrorNum | CustomErrorNum) == 0 && CustomErrorDescription.empty() &&
+           StandardErrorDescription.empty();
+  }
+
   // Whether a graph goes on after this error: in GraphMode the standard errors 5 and 11, the custom error 9
   // (deliberately), and the pair 0, 0.
   bool IsOkGraphErr(std::int32_t standardErrNum, std::int32_t customErrNum);

@@ -6,10 +6,10 @@
 #pragma once
 
 #include <type_traits>
+#include <utility>
 
 #include "engine/columns.h"
 #include "engine/operation_table.h"
-#include "functions/kernels/power.h"
 #include "functions/plain.h"
 
 namespace plotvane::engine {
@@ -20,51 +20,85 @@ struct ColumnLoops {
 
   template <class Operation>
   static void OfAccumulator(const ColumnArguments& arguments) noexcept {
-    const auto [out, accumulator, column, uniform, count] = arguments;
+    const auto [out, accumulator, column, uniform, second, groups] = arguments;
+    const std::size_t count = groups * kColumnGroup;
     for (std::size_t i = 0; i < count; ++i) out[i] = Operation::Apply(Real(accumulator[i])).Get();
   }
   template <class Operation>
   static void UniformRight(const ColumnArguments& arguments) noexcept {
-    const auto [out, accumulator, column, uniform, count] = arguments;
     if constexpr (std::is_same_v<Operation, operations::Power>) {
-      if (RaiseToSmall(arguments)) return;
+      if (RaiseToWhole(arguments)) return;
     }
+    const auto [out, accumulator, column, uniform, second, groups] = arguments;
+    const std::size_t count = groups * kColumnGroup;
     for (std::size_t i = 0; i < count; ++i)
       out[i] = Operation::Apply(Real(accumulator[i]), Real(uniform)).Get();
   }
-  // Squares and cubes of a whole column without the general power, whose bits they share; false for other
-  // exponents.
-  static bool RaiseToSmall(const ColumnArguments& arguments) noexcept {
-    const auto [out, accumulator, column, uniform, count] = arguments;
-    if (uniform == 2.0) {
-      for (std::size_t i = 0; i < count; ++i) out[i] = accumulator[i] * accumulator[i];
-      return true;
-    }
-    if (uniform != 3.0) return false;
-    for (std::size_t i = 0; i < count; ++i)
-      out[i] = functions::kernels::CubeFast<typename Real::Tag>(accumulator[i]);
+  // Small whole powers of a column without the general power, whose bits they share; false for other exponents.
+  static bool RaiseToWhole(const ColumnArguments& arguments) noexcept {
+    return RaiseToOneOf(arguments, std::integer_sequence<int, 2, 3, 4, 5, 6, 7, 8>{});
+  }
+  template <int... kExponents>
+  static bool RaiseToOneOf(const ColumnArguments& arguments,
+                           std::integer_sequence<int, kExponents...> /*exponents*/) noexcept {
+    return (RaiseTo<kExponents>(arguments) || ...);
+  }
+  template <int kExponent>
+  static bool RaiseTo(const ColumnArguments& arguments) noexcept {
+    if (arguments.uniform != kExponent) return false;
+    OfAccumulator<operations::WholePower<kExponent>>(arguments);
     return true;
   }
   template <class Operation>
   static void UniformLeft(const ColumnArguments& arguments) noexcept {
-    const auto [out, accumulator, column, uniform, count] = arguments;
+    const auto [out, accumulator, column, uniform, second, groups] = arguments;
+    const std::size_t count = groups * kColumnGroup;
     for (std::size_t i = 0; i < count; ++i)
       out[i] = Operation::Apply(Real(uniform), Real(accumulator[i])).Get();
   }
   template <class Operation>
   static void ColumnRight(const ColumnArguments& arguments) noexcept {
-    const auto [out, accumulator, column, uniform, count] = arguments;
+    const auto [out, accumulator, column, uniform, second, groups] = arguments;
+    const std::size_t count = groups * kColumnGroup;
     for (std::size_t i = 0; i < count; ++i)
       out[i] = Operation::Apply(Real(accumulator[i]), Real(column[i])).Get();
   }
   template <class Operation>
   static void ColumnLeft(const ColumnArguments& arguments) noexcept {
-    const auto [out, accumulator, column, uniform, count] = arguments;
+    const auto [out, accumulator, column, uniform, second, groups] = arguments;
+    const std::size_t count = groups * kColumnGroup;
     for (std::size_t i = 0; i < count; ++i)
       out[i] = Operation::Apply(Real(column[i]), Real(accumulator[i])).Get();
   }
 
-  // The maker of operations::Table.
+  // Two operations on the way through the arrays.
+  template <class First, class Second>
+  static void UniformRightPair(const ColumnArguments& arguments) noexcept {
+    const auto [out, accumulator, column, uniform, second, groups] = arguments;
+    const std::size_t count = groups * kColumnGroup;
+    for (std::size_t i = 0; i < count; ++i)
+      out[i] = Second::Apply(First::Apply(Real(accumulator[i]), Real(uniform)), Real(second)).Get();
+  }
+  template <class First, class Second>
+  static void ColumnRightPair(const ColumnArguments& arguments) noexcept {
+    const auto [out, accumulator, column, uniform, second, groups] = arguments;
+    const std::size_t count = groups * kColumnGroup;
+    for (std::size_t i = 0; i < count; ++i)
+      out[i] = Second::Apply(First::Apply(Real(accumulator[i]), Real(column[i])), Real(second)).Get();
+  }
+
+  static bool AllFinite(const double* numbers, std::size_t groups) noexcept {
+    const std::size_t count = groups * kColumnGroup;
+    std::uint64_t faults = 0;
+    for (std::size_t i = 0; i < count; ++i) faults |= numbers[i] - numbers[i] == 0 ? 0U : ~std::uint64_t{0};
+    return faults == 0;
+  }
+
+  // The maker of operations::Table and operations::PairTable.
+  template <class First, class Second>
+  static constexpr ColumnPairForms ForPair() {
+    return {UniformRightPair<First, Second>, ColumnRightPair<First, Second>};
+  }
   template <class Operation>
   static constexpr ColumnForms ForOne() {
     return {.ofAccumulator = OfAccumulator<Operation>};

@@ -6,86 +6,133 @@
 
 namespace plotvane::engine {
 
+namespace {
+
+constexpr std::size_t kAccumulator = 1;  // its place among the arrays
+
+}  // namespace
+
 ColumnWidth WidestColumns() noexcept {
   return platform::ProcessorHasAvx2() ? ColumnWidth::Avx2 : ColumnWidth::Sse2;
 }
 
-Columns::Columns(const Program& program, ColumnWidth width)
-    : mProgram(program), mColumnOf(program.SlotCount()) {
-  std::size_t columns = 1;  // the accumulator
+Columns::Columns(Program& program, ColumnWidth width)
+    : mProgram(program),
+      mCode(width == ColumnWidth::Avx2 ? kAvx2Columns : kSse2Columns),
+      mColumnOf(program.SlotCount()) {
+  std::size_t columns = 2;
   for (std::size_t slot = 0; slot < program.SlotCount(); ++slot) {
     if (program.KindOf(static_cast<Slot>(slot)) == SlotKind::Temporary) mColumnOf[slot] = columns++;
   }
   mNumbers.resize(columns * kBlock);
-  mSteps.reserve(program.VaryingSteps().size());
-  for (const Step& step : program.VaryingSteps()) mSteps.push_back(Bind(step, width));
+  Bind(program.VaryingSteps());
 }
 
-Columns::Bound Columns::Bind(const Step& step, ColumnWidth width) const {
-  Bound bound{nullptr, step.form, false, nullptr, 0, nullptr};
+void Columns::Bind(const std::vector<Step>& steps) {
+  for (std::size_t i = 0; i < steps.size(); ++i) {
+    Bound bound = Bind(steps[i]);
+    if (i + 1 < steps.size() && BindPair(bound, steps[i], steps[i + 1])) ++i;
+    // What is stored next goes there at once; the step after a store never uses the accumulator.
+    const bool isStored = bound.run && i + 1 < steps.size() && steps[i + 1].form == StepForm::Store;
+    if (isStored) bound.target = mColumnOf[steps[++i].place];
+    mSteps.push_back(bound);
+  }
+}
+
+bool Columns::IsColumn(Slot slot) const noexcept {
+  const SlotKind kind = mProgram.KindOf(slot);
+  return kind == SlotKind::Varying || kind == SlotKind::Temporary;
+}
+
+Columns::Bound Columns::Bind(const Step& step) const {
+  Bound bound{nullptr, step.form, false, nullptr, nullptr, 0, kAccumulator, nullptr};
   if (step.form == StepForm::Call) {
     bound.call = &mProgram.Calls()[step.place];
     return bound;
   }
-  const ColumnForms& forms = width == ColumnWidth::Avx2 ? Avx2Forms(step.code) : Sse2Forms(step.code);
+  const ColumnForms& forms = mCode.forms(step.code);
   if (step.form == StepForm::OfAccumulator) {
     bound.run = forms.ofAccumulator;
     return bound;
   }
-  const SlotKind kind = mProgram.KindOf(step.place);
-  bound.operandIsColumn = kind == SlotKind::Varying || kind == SlotKind::Temporary;
+  bound.operandIsColumn = IsColumn(step.place);
   bound.uniform = &mProgram.NumberAt(step.place);
   bound.column = mColumnOf[step.place];
-  if (step.form == StepForm::SlotRight)
+  if (step.form == StepForm::SlotRight) {
     bound.run = bound.operandIsColumn ? forms.columnRight : forms.uniformRight;
-  if (step.form == StepForm::SlotLeft)
+  }
+  if (step.form == StepForm::SlotLeft) {
     bound.run = bound.operandIsColumn ? forms.columnLeft : forms.uniformLeft;
+  }
   return bound;
 }
 
-const double* Columns::ColumnAt(std::size_t column, std::span<const double> xs) const noexcept {
-  return column == 0 ? xs.data() : mNumbers.data() + column * kBlock;
+// Makes a step and the next one a pair, where there is a loop for both.
+bool Columns::BindPair(Bound& bound, const Step& first, const Step& second) const {
+  if (first.form != StepForm::SlotRight || second.form != StepForm::SlotRight) return false;
+  const ColumnPairForms* const forms = mCode.pairForms(first.code, second.code);
+  if (!forms || IsColumn(second.place)) return false;
+  bound.run = bound.operandIsColumn ? forms->columnRight : forms->uniformRight;
+  bound.second = &mProgram.NumberAt(second.place);
+  return true;
 }
 
-std::span<const double> Columns::Run(std::span<const double> xs) noexcept {
-  double* const accumulator = mNumbers.data();
-  const double* current = xs.data();  // the accumulator starts as the varying variable
+std::size_t Columns::Run(std::span<const double> xs, std::span<double> ys) noexcept {
+  const std::size_t groups = (xs.size() + kColumnGroup - 1) / kColumnGroup;
+  if (groups * kColumnGroup == xs.size()) return RunGroups(xs, ys, groups, xs.data(), ys.data());
+  std::ranges::copy(xs, ColumnAt(0));
+  std::fill_n(ColumnAt(0) + xs.size(), groups * kColumnGroup - xs.size(), xs.back());
+  return RunGroups(xs, ys, groups, ColumnAt(0), ColumnAt(1));
+}
+
+std::size_t Columns::RunGroups(std::span<const double> xs, std::span<double> ys, std::size_t groups,
+                               const double* varying, double* accumulator) noexcept {
+  const double* const results = RunSteps(groups, varying, accumulator);
+  const bool allFinite = mCode.allFinite(results, groups);
+  if (results != ys.data()) std::copy_n(results, xs.size(), ys.begin());
+  return allFinite ? xs.size() : Mend(xs, ys);
+}
+
+// Asks the program itself where the loops gave nothing.
+std::size_t Columns::Mend(std::span<const double> xs, std::span<double> ys) noexcept {
+  for (std::size_t i = 0; i < xs.size(); ++i) {
+    if (ys[i] - ys[i] == 0) continue;
+    ys[i] = mProgram.Run(xs[i]);
+    if (ys[i] - ys[i] != 0) return i;
+  }
+  return xs.size();
+}
+
+// The array in which the results stand at the end.
+const double* Columns::RunSteps(std::size_t groups, const double* varying, double* accumulator) noexcept {
+  const std::size_t count = groups * kColumnGroup;
+  const double* current = varying;  // the accumulator starts as the varying variable
   for (const Bound& step : mSteps) {
-    const double* const column = step.operandIsColumn ? ColumnAt(step.column, xs) : nullptr;
+    const double* const column = step.column == 0 ? varying : ColumnAt(step.column);
     if (step.run) {
-      step.run({accumulator, current, column, step.operandIsColumn || !step.uniform ? 0 : *step.uniform,
-                xs.size()});
-      current = accumulator;
+      double* const target = step.target == kAccumulator ? accumulator : ColumnAt(step.target);
+      step.run({target, current, column, step.uniform ? *step.uniform : 0, step.second ? *step.second : 0,
+                groups});
+      current = target;
     } else if (step.form == StepForm::Store) {
-      std::copy_n(current, xs.size(), mNumbers.data() + step.column * kBlock);
+      std::copy_n(current, count, ColumnAt(step.column));
     } else if (step.form == StepForm::Call) {
-      RunCalls(*step.call, xs.size());
+      RunCalls(*step.call, count, accumulator);
       current = accumulator;
     } else if (step.operandIsColumn) {
       current = column;
     } else {
-      std::fill_n(accumulator, xs.size(), *step.uniform);
+      std::fill_n(accumulator, count, *step.uniform);
       current = accumulator;
     }
   }
-  return {current, xs.size()};
+  return current;
 }
 
 // The arguments of a call with a varying one are columns, one after the other.
-void Columns::RunCalls(const CallPlan& call, std::size_t count) noexcept {
-  const double* const first = mNumbers.data() + mColumnOf[call.first] * kBlock;
-  for (std::size_t i = 0; i < count; ++i) mNumbers[i] = RunCall(call, first + i, kBlock);
-}
-
-std::size_t Columns::LeadingFinite(std::span<const double> numbers) noexcept {
-  const auto isFault = [](double number) { return number - number != 0; };
-  return static_cast<std::size_t>(std::ranges::find_if(numbers, isFault) - numbers.begin());
-}
-
-bool Columns::AllFinite(std::span<const double> numbers) noexcept {
-  double fault = 0;  // turns into a not-a-number, and stays one
-  for (const double number : numbers) fault += number - number;
-  return fault == 0;
+void Columns::RunCalls(const CallPlan& call, std::size_t count, double* results) noexcept {
+  const double* const first = ColumnAt(mColumnOf[call.first]);
+  for (std::size_t i = 0; i < count; ++i) results[i] = RunCall(call, first + i, kBlock);
 }
 
 }  // namespace plotvane::engine

@@ -21,13 +21,17 @@ enum class ColumnWidth { Sse2, Avx2 };
 // The widest that this processor has.
 [[nodiscard]] ColumnWidth WidestColumns() noexcept;
 
+// Loops run over whole groups of so many numbers; arrays are long enough for the last one.
+inline constexpr std::size_t kColumnGroup = 4;
+
 // What a loop gets: `out` may be the same array as `accumulator`.
 struct ColumnArguments {
   double* out;
   const double* accumulator;
   const double* column;  // the operand, when it is a column
   double uniform;        // the operand, when it is one number
-  std::size_t count;
+  double second;         // the operand of the second operation of a pair
+  std::size_t groups;
 };
 
 using ColumnRun = void (*)(const ColumnArguments&) noexcept;
@@ -41,42 +45,63 @@ struct ColumnForms {
   ColumnRun columnLeft = nullptr;
 };
 
-[[nodiscard]] const ColumnForms& Sse2Forms(OperationCode code) noexcept;
-[[nodiscard]] const ColumnForms& Avx2Forms(OperationCode code) noexcept;
+// The loops of two operations in one, both with their operand on the right and the second operand one number.
+struct ColumnPairForms {
+  ColumnRun uniformRight = nullptr;
+  ColumnRun columnRight = nullptr;
+};
+
+// All loops for one instruction set.
+struct ColumnCode {
+  const ColumnForms& (*forms)(OperationCode code) noexcept;
+  const ColumnPairForms* (*pairForms)(OperationCode first, OperationCode second) noexcept;
+  bool (*allFinite)(const double* numbers, std::size_t groups) noexcept;
+};
+
+extern const ColumnCode kSse2Columns;
+extern const ColumnCode kAvx2Columns;
 
 // The second part of a program bound to loops and arrays. The program outlives it.
 class Columns {
  public:
   static constexpr std::size_t kBlock = 256;
 
-  explicit Columns(const Program& program, ColumnWidth width = WidestColumns());
+  explicit Columns(Program& program, ColumnWidth width = WidestColumns());
 
-  // Results for at most kBlock values; the program's RunUniform has run. The view is valid until the next
-  // call.
-  [[nodiscard]] std::span<const double> Run(std::span<const double> xs) noexcept;
-
-  // True when all numbers are finite; how many are before the first that is not.
-  [[nodiscard]] static bool AllFinite(std::span<const double> numbers) noexcept;
-  [[nodiscard]] static std::size_t LeadingFinite(std::span<const double> numbers) noexcept;
+  // Results for at most kBlock values, after RunUniform of the program; the two spans do not overlap. Returns
+  // how many leading ones are results: the value after them, if any is left, is one for the exact evaluator.
+  [[nodiscard]] std::size_t Run(std::span<const double> xs, std::span<double> ys) noexcept;
 
  private:
   struct Bound {
     ColumnRun run;  // null for a call, a load or a store
     StepForm form;
     bool operandIsColumn;
-    const double* uniform;  // in the program
+    const double* uniform;  // in the program; null where there is none
+    const double* second;   // of a pair
     std::size_t column;     // number of the array
+    std::size_t target;     // number of the array for the result
     const CallPlan* call;
   };
 
-  [[nodiscard]] Bound Bind(const Step& step, ColumnWidth width) const;
-  [[nodiscard]] const double* ColumnAt(std::size_t column, std::span<const double> xs) const noexcept;
-  void RunCalls(const CallPlan& call, std::size_t count) noexcept;
+  void Bind(const std::vector<Step>& steps);
+  [[nodiscard]] Bound Bind(const Step& step) const;
+  [[nodiscard]] bool BindPair(Bound& bound, const Step& first, const Step& second) const;
+  [[nodiscard]] bool IsColumn(Slot slot) const noexcept;
+  [[nodiscard]] double* ColumnAt(std::size_t column) noexcept { return mNumbers.data() + column * kBlock; }
+  [[nodiscard]] std::size_t RunGroups(std::span<const double> xs, std::span<double> ys, std::size_t groups,
+                                      const double* varying, double* accumulator) noexcept;
+  [[nodiscard]] const double* RunSteps(std::size_t groups, const double* varying,
+                                       double* accumulator) noexcept;
+  [[nodiscard]] std::size_t Mend(std::span<const double> xs, std::span<double> ys) noexcept;
+  void RunCalls(const CallPlan& call, std::size_t count, double* results) noexcept;
 
-  const Program& mProgram;
+  Program& mProgram;
+  const ColumnCode& mCode;
   std::vector<Bound> mSteps;
   std::vector<std::size_t> mColumnOf;  // by slot; 0 is the varying variable
-  std::vector<double> mNumbers;        // the accumulator, then the arrays 1, 2, …
+  std::vector<double> mNumbers;        // the arrays: 0 the varying variable and 1 the accumulator where the
+                                       // caller's do not end with a whole group, then the temporaries
 };
 
 }  // namespace plotvane::engine

@@ -7,12 +7,21 @@ namespace {
 
 struct Avx2 {};
 
-constexpr operations::Table<ColumnForms, ColumnLoops<functions::FastKernels<Avx2>>> kForms;
+using Loops = ColumnLoops<functions::FastKernels<Avx2>>;
+
+constexpr operations::Table<ColumnForms, Loops> kForms;
+constexpr operations::PairTable<ColumnPairForms, Loops> kPairForms;
+
+const ColumnForms& FormsOf(OperationCode code) noexcept {
+  return kForms[code];
+}
+
+const ColumnPairForms* PairFormsOf(OperationCode first, OperationCode second) noexcept {
+  return kPairForms.Find(first, second);
+}
 
 }  // namespace
 
-const ColumnForms& Avx2Forms(OperationCode code) noexcept {
-  return kForms[code];
-}
+const ColumnCode kAvx2Columns{FormsOf, PairFormsOf, Loops::AllFinite};
 
 }  // namespace plotvane::engine

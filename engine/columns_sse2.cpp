@@ -7,12 +7,21 @@ namespace {
 
 struct Sse2 {};
 
-constexpr operations::Table<ColumnForms, ColumnLoops<functions::FastKernels<Sse2>>> kForms;
+using Loops = ColumnLoops<functions::FastKernels<Sse2>>;
+
+constexpr operations::Table<ColumnForms, Loops> kForms;
+constexpr operations::PairTable<ColumnPairForms, Loops> kPairForms;
+
+const ColumnForms& FormsOf(OperationCode code) noexcept {
+  return kForms[code];
+}
+
+const ColumnPairForms* PairFormsOf(OperationCode first, OperationCode second) noexcept {
+  return kPairForms.Find(first, second);
+}
 
 }  // namespace
 
-const ColumnForms& Sse2Forms(OperationCode code) noexcept {
-  return kForms[code];
-}
+const ColumnCode kSse2Columns{FormsOf, PairFormsOf, Loops::AllFinite};
 
 }  // namespace plotvane::engine

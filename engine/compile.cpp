@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <optional>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "engine/evaluator.h"
@@ -72,6 +74,19 @@ const OperatorCode* FindOperatorCode(TokenKind kind) noexcept {
   return nullptr;
 }
 
+struct WholePowerCode {
+  double exponent;
+  OperationCode code;
+};
+
+template <int... kExponents>
+constexpr auto WholePowers(std::integer_sequence<int, kExponents...> /*from 2*/) {
+  return std::array{
+      WholePowerCode{kExponents + 2.0, operations::kOfOne<operations::WholePower<kExponents + 2>>}...};
+}
+
+constexpr auto kWholePowers = WholePowers(std::make_integer_sequence<int, 7>{});
+
 // The functions of two numbers that are operations.
 std::optional<OperationCode> CodeOfTwo(Operation operation) {
   switch (operation) {
@@ -94,6 +109,22 @@ class Emitter {
   }
   void PushVarying() { PushSlot(mVaryingSlot, false, false); }
 
+  // The top when it is a constant, else not-a-number.
+  [[nodiscard]] double TopConstant() const noexcept {
+    return mStack.back().place == Place::Constant ? mStack.back().constant : functions::kernels::kNotANumber;
+  }
+  // Whether the top is certainly finite for the operation with the operand below it: no step of the same part
+  // computed it.
+  [[nodiscard]] bool TopIsFinite() const noexcept {
+    const Operand& top = mStack.back();
+    if (top.place == Place::Constant) return true;
+    if (top.isUniform && !mStack[mStack.size() - 2].isUniform) return true;
+    if (top.place != Place::Slot) return false;
+    const SlotKind kind = mProgram.KindOf(top.slot);
+    return kind == SlotKind::Variable || kind == SlotKind::Varying;
+  }
+  void Drop() { mStack.pop_back(); }
+
   [[nodiscard]] bool TopIsBoolean() const noexcept { return mStack.back().isBoolean; }
   [[nodiscard]] bool BothBoolean() const noexcept {
     return mStack.back().isBoolean && mStack[mStack.size() - 2].isBoolean;
@@ -111,19 +142,20 @@ class Emitter {
   void Two(OperationCode code, bool isBoolean) {
     const std::size_t leftPlace = mStack.size() - 2;
     const std::size_t rightPlace = mStack.size() - 1;
-    Operand& left = mStack[leftPlace];
-    Operand& right = mStack[rightPlace];
-    if (left.place == Place::Constant && right.place == Place::Constant &&
-        Fold(left, RunOperation(code, left.constant, right.constant), isBoolean)) {
+    Operand& first = mStack[leftPlace];
+    const Operand& second = mStack[rightPlace];
+    if (first.place == Place::Constant && second.place == Place::Constant &&
+        Fold(first, RunOperation(code, first.constant, second.constant), isBoolean)) {
       mStack.pop_back();
       return;
     }
-    const bool isUniform = left.isUniform && right.isUniform;
+    const bool isUniform = first.isUniform && second.isUniform;
     const bool swap = !InAccumulator(leftPlace, isUniform) && InAccumulator(rightPlace, isUniform);
     const std::size_t inAccumulator = swap ? rightPlace : leftPlace;
     const Slot other = SlotOf(swap ? leftPlace : rightPlace);
     MoveToAccumulator(inAccumulator, isUniform);
-    Write(isUniform, {swap ? StepForm::SlotLeft : StepForm::SlotRight, code, other});
+    const bool left = swap && !operations::IsCommutative(code);
+    Write(isUniform, {left ? StepForm::SlotLeft : StepForm::SlotRight, code, other});
     FreeTemporary(other);
     mStack.pop_back();
     Part(isUniform).owner = leftPlace;
@@ -287,6 +319,8 @@ class Compiler {
     }
     const OperatorCode* code = FindOperatorCode(kind);
     if (!code || !ReadLevel(which.rightLevel)) return false;
+    if (kind == TokenKind::Power && EmitWholePower()) return true;
+    if (kind == TokenKind::Divide && EmitSimpleDivision()) return true;
     const bool onBooleans = code->onBooleans != code->onNumbers && mEmitter.BothBoolean();
     mEmitter.Two(onBooleans ? code->onBooleans : code->onNumbers, code->givesBoolean || onBooleans);
     return true;
@@ -294,6 +328,36 @@ class Compiler {
 
   bool Emit(OperationCode code) {
     mEmitter.One(code, false);
+    return true;
+  }
+
+  // The power of a small whole exponent as an operation of one number.
+  bool EmitWholePower() {
+    const double exponent = mEmitter.TopConstant();
+    for (const WholePowerCode& entry : kWholePowers) {
+      if (entry.exponent != exponent) continue;
+      mEmitter.Drop();
+      mEmitter.One(entry.code, false);
+      return true;
+    }
+    return false;
+  }
+
+  // By a power of two: the product with its reciprocal, which has the same bits; by what is finite: without a
+  // check.
+  bool EmitSimpleDivision() {
+    const double divisor = mEmitter.TopConstant();
+    int exponent = 0;
+    const bool isPowerOfTwo = std::abs(std::frexp(divisor, &exponent)) == 0.5 && std::abs(exponent) < 1000;
+    if (isPowerOfTwo) {
+      mEmitter.Drop();
+      mEmitter.PushConstant(1 / divisor);
+      mEmitter.Two(operations::kOfTwo<operations::Multiply>, false);
+    } else if (mEmitter.TopIsFinite()) {
+      mEmitter.Two(operations::kOfTwo<operations::DivideByFinite>, false);
+    } else {
+      return false;
+    }
     return true;
   }
 

@@ -152,6 +152,7 @@ void Evaluator::BeginCalculus(Level& level) {
   call.privateObject = MakePrivateObject(*mExpression, call.expression);
   call.operation = MakeOperation(level.function->operation, mExpression->mVarTable, *call.expression,
                                  call.variable, numbers.Get());
+  call.curve = std::make_unique<Curve>(*call.privateObject, call.variable, Levels());
   level.step = Step::TakePass;
   NextPass(level);
 }
@@ -159,6 +160,7 @@ void Evaluator::BeginCalculus(Level& level) {
 // One more evaluation of the recorded expression, as a line of the private object, or the end.
 void Evaluator::NextPass(Level& level) {
   CalculusCall& call = *level.calculus;
+  call.operation->TakeBlocks(*call.curve);
   if (!call.operation->NextPoint()) return EndCalculus(level);
   clsExp& object = *call.privateObject;
   object.mState->reader.StartReplay(call.expression->Tokens());

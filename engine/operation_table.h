@@ -1,6 +1,7 @@
 // Codes of the operations, and tables over all of them made from the one list in engine/operations.h.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -39,6 +40,47 @@ inline constexpr OperationCode kOfOne = static_cast<OperationCode>(kFirstOfOne +
   const std::size_t degrees = mode == functions::AngleMode::Degrees ? 1 : 0;
   return static_cast<OperationCode>(kFirstFunction + 2 * static_cast<std::size_t>(operation) + degrees);
 }
+
+// Whether the operands may change places without a difference in any bit of a result that is finite.
+[[nodiscard]] constexpr bool IsCommutative(OperationCode code) noexcept {
+  return code == kOfTwo<Add> || code == kOfTwo<Multiply>;
+}
+
+// A table of Forms, one for every two of the Paired operations: Maker::ForPair<First, Second>() gives them.
+template <class Forms, class Maker>
+class PairTable {
+ public:
+  constexpr PairTable() { FillAll(Paired{}); }
+
+  // Null when one of the two is not among them.
+  [[nodiscard]] constexpr const Forms* Find(OperationCode first, OperationCode second) const noexcept {
+    const std::size_t a = PlaceOf(first);
+    const std::size_t b = PlaceOf(second);
+    return a < Paired::kSize && b < Paired::kSize ? &mForms[a * Paired::kSize + b] : nullptr;
+  }
+
+ private:
+  [[nodiscard]] static constexpr std::size_t PlaceOf(OperationCode code) noexcept {
+    return static_cast<std::size_t>(std::ranges::find(kCodes, code) - kCodes.begin());
+  }
+  template <class... Operations>
+  static constexpr std::array<OperationCode, sizeof...(Operations)> Codes(List<Operations...> /*list*/) {
+    return {kOfTwo<Operations>...};
+  }
+  static constexpr auto kCodes = Codes(Paired{});
+
+  template <class... Firsts>
+  constexpr void FillAll(List<Firsts...> list) {
+    std::size_t place = 0;
+    (FillAfter<Firsts>(list, place), ...);
+  }
+  template <class First, class... Seconds>
+  constexpr void FillAfter(List<Seconds...> /*list*/, std::size_t& place) {
+    ((mForms[place++] = Maker::template ForPair<First, Seconds>()), ...);
+  }
+
+  std::array<Forms, Paired::kSize * Paired::kSize> mForms{};
+};
 
 // A table of Forms, one for every code. `Maker` has two templates of static functions that give the forms of
 // an operation: ForOne<Operation>() and ForTwo<Operation>().

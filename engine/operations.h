@@ -9,6 +9,7 @@
 // Truth values are the numbers -1 and +0.
 #pragma once
 
+#include <array>
 #include <string_view>
 
 #include "functions/formulas.h"
@@ -55,11 +56,32 @@ struct Divide {
   }
 };
 
+// By a divisor that is certainly finite.
+struct DivideByFinite {
+  static constexpr std::string_view kName = "divide by";
+  template <class Real>
+  static Real Apply(Real a, Real b) {
+    return Real(a.Get() / b.Get());
+  }
+};
+
 struct Power {
   static constexpr std::string_view kName = "power";
   template <class Real>
   static Real Apply(Real a, Real b) {
     return Pow(a, b);
+  }
+};
+
+// By a whole exponent from 2 to 8; the same bits as Power.
+template <int kExponent>
+struct WholePower {
+  static constexpr std::array<char, 8> kText{
+      'p', 'o', 'w', 'e', 'r', ' ', static_cast<char>('0' + kExponent)};
+  static constexpr std::string_view kName{kText.data()};
+  template <class Real>
+  static Real Apply(Real a) {
+    return a.template WholePower<kExponent>();
   }
 };
 
@@ -321,9 +343,13 @@ struct Round {
   }
 };
 
-using OfOne = List<Negate, Percent, Not, NotBits>;
-using OfTwo = List<Add, Subtract, Multiply, Divide, Power, Scientific, WholeQuotient, WholeRemainder, Equal,
-                   NotEqual, Less, Greater, LessOrEqual, GreaterOrEqual, And, Or, Xor, Eqv, Imp, AndBits,
-                   OrBits, XorBits, EqvBits, ImpBits, LogN, DecimalMod, Round>;
+// Operations that are often met in pairs, and then carried out two at a time.
+using Paired = List<Add, Subtract, Multiply, DivideByFinite>;
+
+using OfOne = List<Negate, Percent, Not, NotBits, WholePower<2>, WholePower<3>, WholePower<4>, WholePower<5>,
+                   WholePower<6>, WholePower<7>, WholePower<8>>;
+using OfTwo = List<Add, Subtract, Multiply, Divide, DivideByFinite, Power, Scientific, WholeQuotient,
+                   WholeRemainder, Equal, NotEqual, Less, Greater, LessOrEqual, GreaterOrEqual, And, Or, Xor,
+                   Eqv, Imp, AndBits, OrBits, XorBits, EqvBits, ImpBits, LogN, DecimalMod, Round>;
 
 }  // namespace plotvane::engine::operations

@@ -75,10 +75,12 @@ struct ProgramVariable {
   Slot slot;
 };
 
-// A step bound to its code and its numbers.
+// One or two steps bound to their code and their numbers. The code of an instruction ends by running the next
+// one, which compilers turn into a jump; the last of a run gives the accumulator back.
 struct Instruction {
-  double (*run)(double accumulator, const Instruction& instruction) noexcept;
+  double (*run)(double accumulator, const Instruction* self) noexcept;
   double* operand;
+  double* second;  // of the second step
   const CallPlan* call;
 };
 
@@ -124,18 +126,22 @@ class Program {
   // Gives a variable its number; -1 or 0 for a truth value.
   void SetVariable(const ProgramVariable& variable, double value) noexcept { mSlots[variable.slot] = value; }
 
-  // Runs the first part; afterwards the program is ready for any number of Runs.
-  void RunUniform() noexcept;
+  // Runs the first part; afterwards the program is ready for any number of Runs. False when a result is not
+  // finite: then the exact evaluator must be asked, whatever the varying variable is.
+  [[nodiscard]] bool RunUniform() noexcept;
 
   // The result for one value of the varying variable; not finite when the exact evaluator must be asked.
   [[nodiscard]] double Run(double varying) noexcept {
     *mVaryingSlot = varying;
-    double accumulator = varying;
-    for (const Instruction* step = mFirst; step != mEnd; ++step) accumulator = step->run(accumulator, *step);
-    return accumulator;
+    return mVarying.front().run(varying, mVarying.data());
   }
 
  private:
+  // Instructions are cut into runs: a compiler that makes calls of the jumps between instructions nests them
+  // only so deep. The first run of several consists of one instruction that carries out the others.
+  static constexpr std::size_t kLongestRun = 256;
+
+  void Link(const std::vector<Step>& steps, std::vector<Instruction>& linked);
   [[nodiscard]] Instruction Link(const Step& step);
 
   std::vector<Step> mUniformSteps;
@@ -146,10 +152,7 @@ class Program {
   std::vector<ProgramVariable> mVariables;
   std::vector<double> mSlots;
   std::vector<SlotKind> mKinds;
-  // Of mVarying and mSlots, at hand for Run.
-  const Instruction* mFirst = nullptr;
-  const Instruction* mEnd = nullptr;
-  double* mVaryingSlot = nullptr;
+  double* mVaryingSlot = nullptr;  // in mSlots
   bool mIsBoolean = false;
   std::size_t mDepth = 0;
   TokenKind mLastBracket = TokenKind::End;

@@ -48,6 +48,7 @@ bool BoundProgram::RefreshNow() {
 }
 
 bool BoundProgram::ReadVariables() {
+  ++mRefreshments;
   const std::vector<ProgramVariable>& variables = mProgram->Variables();
   for (std::size_t i = 0; i < variables.size(); ++i) {
     const clsExNode* record = mRecords[i];
@@ -63,8 +64,7 @@ bool BoundProgram::ReadVariables() {
     if (number - number != 0) return false;
     mProgram->SetVariable(variables[i], number);
   }
-  mProgram->RunUniform();
-  return true;
+  return mProgram->RunUniform();
 }
 
 }  // namespace plotvane::engine

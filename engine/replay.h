@@ -39,19 +39,16 @@ class BoundProgram {
   // Grows whenever Compiled() becomes another program.
   [[nodiscard]] std::uint64_t Compilations() const noexcept { return mCompilations; }
 
-  // After Refresh: stores the varying variable, an ordinary variable of the table; what Change would do.
-  // False when it is missing or no ordinary variable: then nothing was stored.
-  bool StoreVarying(double value) noexcept {
-    if (!mVaryingRecord) return false;
-    mTable->SetNumber(*mVaryingRecord, value);
-    mSeenChanges = mTable->Changes();
-    return true;
-  }
+  // How often the program's numbers were read afresh.
+  [[nodiscard]] std::uint64_t Refreshments() const noexcept { return mRefreshments; }
 
-  [[nodiscard]] bool CanStoreVarying() const noexcept { return mVaryingRecord != nullptr; }
+  // The record of the varying variable, whose number may be stored; null when it is missing or no ordinary
+  // variable.
+  [[nodiscard]] identifiers::clsExNode* VaryingRecord() const noexcept { return mVaryingRecord; }
+  [[nodiscard]] identifiers::clsVarTable& Table() const noexcept { return *mTable; }
 
-  // The table's count of changes that the program's numbers belong to.
-  [[nodiscard]] std::uint64_t SeenChanges() const noexcept { return mSeenChanges; }
+  // Says that since the last Refresh the table was changed by stores of the varying variable only.
+  void NoteOwnStores() noexcept { mSeenChanges = mTable->Changes(); }
 
  private:
   bool RefreshNow();
@@ -68,6 +65,7 @@ class BoundProgram {
   std::vector<const identifiers::clsExNode*> mRecords;  // of the program's variables; null where missing
   identifiers::clsExNode* mVaryingRecord = nullptr;
   std::uint64_t mCompilations = 0;
+  std::uint64_t mRefreshments = 0;
   std::uint64_t mSeenGeneration = 0;
   std::uint64_t mSeenChanges = 0;
   bool mReady = false;

@@ -20,6 +20,10 @@ struct FastKernels {
   static double Atan(double x) noexcept { return kernels::AtanFast<Tag>(x); }
   static double Exp(double x) noexcept { return kernels::ExpFast<Tag>(x); }
   static double Log(double x) noexcept { return kernels::LogFast<Tag>(x); }
+  template <int kExponent>
+  static double WholePower(double base) noexcept {
+    return kernels::WholePowerFast<Tag, kExponent>(base);
+  }
   static double Pow(double base, double exponent) noexcept { return kernels::PowFast<Tag>(base, exponent); }
 };
 

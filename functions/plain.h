@@ -3,21 +3,48 @@
 
 #include <cmath>
 
+#include "functions/formulas.h"
+#include "functions/kernels/arctangent.h"
 #include "functions/kernels/bits.h"
+#include "functions/kernels/circular.h"
+#include "functions/kernels/exponential.h"
 #include "functions/kernels/kernels.h"
+#include "functions/kernels/logarithm.h"
+#include "functions/kernels/power.h"
 
 namespace plotvane::functions {
 
-// The kernels over their whole range.
+// The kernels over their whole range: the direct way where the argument allows it, else the complete kernel.
+// An argument that is not finite gives a result that is not.
 struct WholeRangeKernels {
   using Tag = kernels::Portable;
-  static double Sin(double x) noexcept { return kernels::Sin(x); }
-  static double Cos(double x) noexcept { return kernels::Cos(x); }
-  static double Tan(double x) noexcept { return kernels::Tan(x); }
-  static double Atan(double x) noexcept { return kernels::Atan(x); }
-  static double Exp(double x) noexcept { return kernels::Exp(x); }
-  static double Log(double x) noexcept { return kernels::Log(x); }
+
+  static double Sin(double x) noexcept {
+    return IsPlainAngle(x) ? kernels::SinOfOneQuadrant<Tag>(x, 0) : kernels::Sin(x);
+  }
+  static double Cos(double x) noexcept {
+    return IsPlainAngle(x) ? kernels::SinOfOneQuadrant<Tag>(x, 1) : kernels::Cos(x);
+  }
+  static double Tan(double x) noexcept { return Or(kernels::TanFast<Tag>(x), kernels::Tan, x); }
+  static double Atan(double x) noexcept { return Or(kernels::AtanFast<Tag>(x), kernels::Atan, Finite(x)); }
+  static double Exp(double x) noexcept { return Or(kernels::ExpFast<Tag>(x), kernels::Exp, Finite(x)); }
+  static double Log(double x) noexcept { return Or(kernels::LogFast<Tag>(x), kernels::Log, x); }
   static double Pow(double base, double exponent) noexcept { return kernels::Pow(base, exponent); }
+  // kExponent from 2 to 8.
+  template <int kExponent>
+  static double WholePower(double base) noexcept {
+    const double power = kernels::WholePowerFast<Tag, kExponent>(base);
+    return power == power ? power : kernels::Pow(Finite(base), kExponent);
+  }
+
+ private:
+  static bool IsPlainAngle(double x) noexcept {
+    return kernels::Magnitude<Tag>(x) <= kernels::kLargestPlainAngle;
+  }
+  static double Or(double direct, double (*complete)(double) noexcept, double x) noexcept {
+    return direct == direct ? direct : complete(x);
+  }
+  static double Finite(double x) noexcept { return x - x == 0 ? x : kernels::kNotANumber; }
 };
 
 // One double. Where Trapped fails, a Plain is (or ends as) an infinity or a not-a-number; where Trapped
@@ -44,16 +71,20 @@ class Plain {
 
   friend Plain Sqrt(Plain x) noexcept { return std::sqrt(x.mValue); }
   friend Plain Log(Plain x) noexcept { return Kernels::Log(x.mValue); }
-  friend Plain Exp(Plain x) noexcept { return Kernels::Exp(Finite(x)); }
+  friend Plain Exp(Plain x) noexcept { return Kernels::Exp(x.mValue); }
   friend Plain Sin(Plain x) noexcept { return Kernels::Sin(x.mValue); }
   friend Plain Cos(Plain x) noexcept { return Kernels::Cos(x.mValue); }
   friend Plain Tan(Plain x) noexcept { return Kernels::Tan(x.mValue); }
-  friend Plain Atan(Plain x) noexcept { return Kernels::Atan(Finite(x)); }
+  friend Plain Atan(Plain x) noexcept { return Kernels::Atan(x.mValue); }
   // The kernel's 1^x and x^0 are 1 for any x, failures too.
   friend Plain Pow(Plain base, Plain exponent) noexcept {
-    const double power = Kernels::Pow(Finite(base), Finite(exponent));
+    const double power = Kernels::Pow(base.mValue, exponent.mValue);
     const double withExponent = IsFinite(exponent) ? power : kernels::kNotANumber;
     return IsFinite(base) ? withExponent : kernels::kNotANumber;
+  }
+  template <int kExponent>
+  [[nodiscard]] Plain WholePower() const noexcept {
+    return Kernels::template WholePower<kExponent>(mValue);
   }
   friend Plain Floor(Plain x) noexcept { return kernels::Floor<typename Kernels::Tag>(x.mValue); }
   friend Plain Truncate(Plain x) noexcept { return kernels::Truncate<typename Kernels::Tag>(x.mValue); }
@@ -72,10 +103,17 @@ class Plain {
  private:
   static bool IsFinite(Plain x) noexcept { return x.mValue - x.mValue == 0; }
 
-  // Kernels with a finite limit must not see an overflow.
-  static double Finite(Plain x) noexcept { return IsFinite(x) ? x.mValue : kernels::kNotANumber; }
-
   double mValue;
 };
 
+namespace formulas {
+
+// An angle within a turn stays as it is; single values need no division to see that.
+template <>
+inline Plain<WholeRangeKernels> RadiansOver2PiN(Plain<WholeRangeKernels> x) {
+  if (kernels::Magnitude<kernels::Portable>(x.Get()) < 2 * kPi) return x;
+  return DecimalMod(x, Plain<WholeRangeKernels>(2 * kPi));
+}
+
+}  // namespace formulas
 }  // namespace plotvane::functions

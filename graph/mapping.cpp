@@ -49,6 +49,10 @@ double NextPlotX(const PixelMapping& mapping, std::int16_t k, std::int16_t step)
   return Checked(Checked16(following * step) * mapping.xPixelSize + mapping.xMin);
 }
 
+double UncheckedNextPlotX(const PixelMapping& mapping, std::int32_t k, std::int32_t step) noexcept {
+  return (k + 1) * step * mapping.xPixelSize + mapping.xMin;
+}
+
 double RoundToMultiple(double value, double unit) {
   return Checked(std::floor(Divide(value, unit) + 0.5) * unit);
 }

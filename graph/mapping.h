@@ -48,6 +48,10 @@ struct PixelMapping {
 // deliberate. The number of pixels is a 16-bit product (error 6 beyond).
 [[nodiscard]] double NextPlotX(const PixelMapping& mapping, std::int16_t k, std::int16_t step);
 
+// The same number where it is finite and the product fits; anything otherwise.
+[[nodiscard]] double UncheckedNextPlotX(const PixelMapping& mapping, std::int32_t k,
+                                        std::int32_t step) noexcept;
+
 // The multiple of `unit` that is nearest to `value`, halves upwards: floor(value / unit + 0.5) * unit. Error
 // 11 for a unit of zero.
 [[nodiscard]] double RoundToMultiple(double value, double unit);

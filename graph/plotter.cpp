@@ -168,10 +168,9 @@ void Plotter::PlotEachPoint(const Canvas& canvas, YFunction& function) {
   path.Redimension(count);
   mWindow.CurrentPointToPixel();
   mWindow.PreviousPixel = mWindow.CurrentPixel;
+  engine::Curve curve(mExpression, "x");
   for (std::int32_t k = 1; k <= count; ++k) {
-    StoreX();
-    if (!canvas.Live()) return;
-    const bool defined = EvaluateAtCurrentX();
+    const bool defined = EvaluateNext(canvas, curve, k, count);
     if (!canvas.Live()) return;
     if (defined) {
       mWindow.CurrentPointToPixel();
@@ -186,6 +185,30 @@ void Plotter::PlotEachPoint(const Canvas& canvas, YFunction& function) {
     mWindow.CurrentX = NextPlotX(mWindow.Mapping(), static_cast<std::int16_t>(k), mPixelStep);
   }
   function.SetQuickRedraw(true);
+}
+
+// Point number k: stores x and evaluates into CurrentY. With the system's own table nobody looks on between
+// the two, and the points up to number `count` may be computed ahead.
+bool Plotter::EvaluateNext(const Canvas& canvas, engine::Curve& curve, std::int32_t k, std::int32_t count) {
+  if (mUnfinished || !mExpression.HasOwnTable()) {
+    StoreX();
+    return canvas.Live() && EvaluateAtCurrentX();
+  }
+  mExpression.SetAcceptNumericResultOnly(true);
+  if (curve.Planned() == 0) PlanPoints(curve, k, count);
+  return curve.At(mWindow.CurrentX, mWindow.CurrentY);
+}
+
+// Announces the points from number k on, as the loop will come to them when nobody changes the range or the
+// step.
+void Plotter::PlanPoints(engine::Curve& curve, std::int32_t k, std::int32_t count) {
+  constexpr std::int32_t kMostPlanned = 1024;
+  const std::int32_t last =
+      std::min({count, k + kMostPlanned, std::numeric_limits<std::int16_t>::max() / mPixelStep});
+  const PixelMapping mapping = mWindow.Mapping();
+  mPlan.assign(1, mWindow.CurrentX);
+  for (; k < last; ++k) mPlan.push_back(UncheckedNextPlotX(mapping, k, mPixelStep));
+  curve.Plan(mPlan);
 }
 
 // The value of the current function, at the x that was stored last, into CurrentY; false where it is

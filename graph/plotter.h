@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "engine/clsExp.h"
+#include "engine/curve.h"
 #include "graph/canvas.h"
 #include "graph/graph_frame.h"
 #include "graph/window_model.h"
@@ -71,6 +72,9 @@ class Plotter {
   void StoreX();
   bool Record();
   [[nodiscard]] bool EvaluateAtCurrentX();
+  [[nodiscard]] bool EvaluateNext(const Canvas& canvas, engine::Curve& curve, std::int32_t k,
+                                  std::int32_t count);
+  void PlanPoints(engine::Curve& curve, std::int32_t k, std::int32_t count);
   [[nodiscard]] bool EvaluateRecording(platform::Value& value);
 
   WindowModel& mWindow;
@@ -79,6 +83,7 @@ class Plotter {
   std::vector<std::shared_ptr<YFunction>> mFunctions;
   CurrentFunction mCurrent;
   std::int16_t mPixelStep = 1;
+  std::vector<double> mPlan;      // x of the points announced last
   std::uint32_t mNewestPass = 0;  // counts calls of PlotAllY
   std::int32_t mNesting = 0;      // PlotAllY calls in progress
   // The equation whose recording ended in a tolerated error; it is recorded again at each point until that

@@ -98,6 +98,11 @@ class clsVarTable final : public platform::VariableTable {
     record.Value.SetNumber(number);
     ++mChanges;
   }
+  // The same for a record that holds a number already.
+  void ReplaceNumber(clsExNode& record, double number) noexcept {
+    record.Value.ReplaceNumber(number);
+    ++mChanges;
+  }
   [[nodiscard]] static bool IsPlainVariable(const clsExNode& record) noexcept {
     return record.Flags == kVariableType && record.Description.empty();
   }

@@ -67,6 +67,8 @@ class Value {
     mNumber = number;
     if (mText) mText.reset();
   }
+  // The same for a value that is a number already.
+  void ReplaceNumber(double number) noexcept { mNumber = number; }
 
   // Same kind and same content (numbers by value).
   friend bool operator==(const Value& a, const Value& b) noexcept {

@@ -43,25 +43,57 @@ inline ReducedAngle ReduceAngle(double x) noexcept {
   return {FastSum<Tag>(second.high, low), Bits<Tag>(shifted)};
 }
 
+// What both series of a rest begin with.
+struct CircularSquare {
+  double z;      // the square of rest.high
+  double tail;   // the part of z that its leading 52 bits lack
+  Pair oneLess;  // 1 - z/2 without that tail
+};
+
+template <class Tag>
+inline CircularSquare SquareOfRest(double r) noexcept {
+  const double rHead = Head<Tag>(r);
+  const double rTail = r - rHead;
+  const double squareHead = rHead * rHead;
+  const double squareTail = rTail * (rHead + r);
+  return {squareHead + squareTail, squareTail, FastSum<Tag>(1.0, -0.5 * squareHead)};
+}
+
+// Sine and cosine of a rest, each as a leading part and a correction of up to an eighth of it.
+template <class Tag>
+inline Pair SineOfRest(Pair rest, const CircularSquare& square) noexcept {
+  const double low =
+      rest.high * (square.z * Polynomial<Tag>(square.z, kSineTail)) + rest.low * square.oneLess.high;
+  return {rest.high, low};
+}
+
+template <class Tag>
+inline Pair CosineOfRest(Pair rest, const CircularSquare& square) noexcept {
+  const double series = square.z * square.z * Polynomial<Tag>(square.z, kCosineTail);
+  return {square.oneLess.high, (square.oneLess.low - 0.5 * square.tail) + (series - rest.high * rest.low)};
+}
+
+template <class Tag>
+inline double SineCore(Pair rest) noexcept {
+  const Pair sine = SineOfRest<Tag>(rest, SquareOfRest<Tag>(rest.high));
+  return sine.high + sine.low;
+}
+
+template <class Tag>
+inline double CosineCore(Pair rest) noexcept {
+  const Pair cosine = CosineOfRest<Tag>(rest, SquareOfRest<Tag>(rest.high));
+  return cosine.high + cosine.low;
+}
+
 struct SineAndCosine {
   Pair sine;
   Pair cosine;
 };
 
-// Of the rest of an angle, each as a leading part and a correction of up to an eighth of it.
 template <class Tag>
 inline SineAndCosine CircularCore(Pair rest) noexcept {
-  const double r = rest.high;
-  const double rHead = Head<Tag>(r);
-  const double rTail = r - rHead;
-  const double squareHead = rHead * rHead;
-  const double squareTail = rTail * (rHead + r);
-  const double z = squareHead + squareTail;
-  const Pair oneMinus = FastSum<Tag>(1.0, -0.5 * squareHead);
-  const double sineLow = r * (z * Polynomial<Tag>(z, kSineTail)) + rest.low * oneMinus.high;
-  const double cosineLow =
-      (oneMinus.low - 0.5 * squareTail) + (z * z * Polynomial<Tag>(z, kCosineTail) - r * rest.low);
-  return {{r, sineLow}, {oneMinus.high, cosineLow}};
+  const CircularSquare square = SquareOfRest<Tag>(rest.high);
+  return {SineOfRest<Tag>(rest, square), CosineOfRest<Tag>(rest, square)};
 }
 
 // All bits set in odd quadrants.
@@ -90,13 +122,23 @@ inline double CosineOf(ReducedAngle angle) noexcept {
   return SineOf<Tag>({angle.rest, angle.quadrant + 1});
 }
 
+// The sine of an angle moved on by some quadrants, with one polynomial instead of the two of SineOf: on the
+// way along a curve the quadrant seldom changes, so a single value does well to branch. The same bits.
 template <class Tag>
-inline double TangentOf(ReducedAngle angle) noexcept {
-  const SineAndCosine core = CircularCore<Tag>(angle.rest);
+inline double SinOfOneQuadrant(double x, std::uint64_t quadrants) noexcept {
+  const ReducedAngle angle = ReduceAngle<Tag>(x);
+  const std::uint64_t quadrant = angle.quadrant + quadrants;
+  const double value = (quadrant & 1U) != 0 ? CosineCore<Tag>(angle.rest) : SineCore<Tag>(angle.rest);
+  return FromBits<Tag>(Bits<Tag>(value) ^ LowerHalfSign<Tag>(quadrant));
+}
+
+template <class Tag>
+inline double TangentOf(Pair rest, std::uint64_t quadrant) noexcept {
+  const SineAndCosine core = CircularCore<Tag>(rest);
   const Pair sine = FastSum<Tag>(core.sine.high, core.sine.low);
   const Pair cosine = FastSum<Tag>(core.cosine.high, core.cosine.low);
   // In odd quadrants the tangent is -cos/sin of the rest.
-  const std::uint64_t odd = OddMask<Tag>(angle.quadrant);
+  const std::uint64_t odd = OddMask<Tag>(quadrant);
   const Pair above{Blend<Tag>(odd, -cosine.high, sine.high), Blend<Tag>(odd, -cosine.low, sine.low)};
   const Pair below{Blend<Tag>(odd, sine.high, cosine.high), Blend<Tag>(odd, sine.low, cosine.low)};
   const Pair quotient = Quotient<Tag>(above, below);
@@ -118,7 +160,8 @@ inline double CosFast(double x) noexcept {
 
 template <class Tag>
 inline double TanFast(double x) noexcept {
-  const double result = TangentOf<Tag>(ReduceAngle<Tag>(x));
+  const ReducedAngle angle = ReduceAngle<Tag>(x);
+  const double result = TangentOf<Tag>(angle.rest, angle.quadrant);
   return Magnitude<Tag>(x) <= kLargestPlainAngle ? result : kNotANumber;
 }
 

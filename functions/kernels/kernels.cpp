@@ -36,6 +36,17 @@ PowerAndMantissa Split(double x) noexcept {
   return split;
 }
 
+double ProductPowerOf(double base, int exponent) noexcept {
+  switch (exponent) {
+    case 3: return WholePowerFast<Portable, 3>(base);
+    case 4: return WholePowerFast<Portable, 4>(base);
+    case 5: return WholePowerFast<Portable, 5>(base);
+    case 6: return WholePowerFast<Portable, 6>(base);
+    case 7: return WholePowerFast<Portable, 7>(base);
+    default: return WholePowerFast<Portable, 8>(base);
+  }
+}
+
 double ExpSpecial(double x) noexcept {
   return IsNaN(x) ? x : ExpOfPair({x, 0.0});
 }
@@ -107,28 +118,31 @@ double Log(double x) noexcept {
 // With the bits of PowFast, but only the work that the exponent asks for.
 double Pow(double base, double exponent) noexcept {
   if (exponent == 2.0) return base * base;
-  if (exponent == 3.0 && HasCube<Portable>(base)) return Cube<Portable>(base);
+  if (exponent >= kFirstProductPower && exponent <= kLastProductPower && IsWhole(exponent)) {
+    const double product = ProductPowerOf(base, static_cast<int>(exponent));
+    return product == product ? product : PowSpecial(base, exponent);
+  }
   if (!(base > 0)) return PowSpecial(base, exponent);
   const double result = PowGeneral<Portable>(base, exponent);
   return result == result ? result : PowSpecial(base, exponent);
 }
 
 double Sin(double x) noexcept {
-  const double result = SinFast<Portable>(x);
-  if (result == result) return result;
+  if (Magnitude<Portable>(x) <= kLargestPlainAngle) return SinOfOneQuadrant<Portable>(x, 0);
   return IsFinite(x) ? SineOf<Portable>(ReduceLargeAngle(x)) : kNotANumber;
 }
 
 double Cos(double x) noexcept {
-  const double result = CosFast<Portable>(x);
-  if (result == result) return result;
+  if (Magnitude<Portable>(x) <= kLargestPlainAngle) return SinOfOneQuadrant<Portable>(x, 1);
   return IsFinite(x) ? CosineOf<Portable>(ReduceLargeAngle(x)) : kNotANumber;
 }
 
 double Tan(double x) noexcept {
   const double result = TanFast<Portable>(x);
   if (result == result) return result;
-  return IsFinite(x) ? TangentOf<Portable>(ReduceLargeAngle(x)) : kNotANumber;
+  if (!IsFinite(x)) return kNotANumber;
+  const ReducedAngle angle = ReduceLargeAngle(x);
+  return TangentOf<Portable>(angle.rest, angle.quadrant);
 }
 
 double Atan(double x) noexcept {

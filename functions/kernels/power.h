@@ -64,26 +64,37 @@ inline bool IsShortDecimal(double base, double exponent) noexcept {
   return (base == 10.0 ? negative : kNotANumber) == exponent;
 }
 
-// x³ from exact products, rounded once: closer than the general way, and sooner.
-template <class Tag>
-inline double Cube(double x) noexcept {
-  const Pair square = Product<Tag>({x, 0.0}, {x, 0.0});
-  const Pair cube = Product<Tag>(FastSum<Tag>(square.high, square.low), {x, 0.0});
-  return cube.high + cube.low;
+// The whole exponents whose powers are repeated products.
+inline constexpr int kFirstProductPower = 3;
+inline constexpr int kLastProductPower = 8;
+
+// base^kExponent as a pair, by squaring: its error stays below 2^-75 of the value.
+template <class Tag, int kExponent>
+inline Pair ProductPower(double base) noexcept {
+  if constexpr (kExponent == 2) {
+    const double head = Head<Tag>(base);
+    return {head * head, (base - head) * (head + base)};
+  } else if constexpr (kExponent % 2 == 0) {
+    const Pair half = ProductPower<Tag, kExponent / 2>(base);
+    return Product<Tag>(half, half);
+  } else {
+    return Product<Tag>(ProductPower<Tag, kExponent - 1>(base), {base, 0.0});
+  }
 }
 
-// For magnitudes with which no product of Cube leaves the range of normal numbers.
-template <class Tag>
-inline bool HasCube(double x) noexcept {
-  return Magnitude<Tag>(x) <= 0x1p300 && Magnitude<Tag>(x) >= 0x1p-300;
-}
-
-// The cube where it has this way, else not-a-number.
-template <class Tag>
-inline double CubeFast(double x) noexcept {
-  const double cube = Cube<Tag>(x);
-  const double notTooLarge = Magnitude<Tag>(x) <= 0x1p300 ? cube : kNotANumber;
-  return Magnitude<Tag>(x) >= 0x1p-300 ? notTooLarge : kNotANumber;
+// base^kExponent, 2 or a product power, where no part of the pair leaves the range of normal numbers, else
+// not-a-number; a square is the plain product.
+template <class Tag, int kExponent>
+inline double WholePowerFast(double base) noexcept {
+  if constexpr (kExponent == 2) {
+    return base * base;
+  } else {
+    const Pair power = ProductPower<Tag, kExponent>(base);
+    const double result = power.high + power.low;
+    const double magnitude = Magnitude<Tag>(result);
+    const double bounded = magnitude <= 0x1p1000 ? result : kNotANumber;
+    return magnitude >= 0x1p-850 ? bounded : kNotANumber;
+  }
 }
 
 // base^exponent for a normal positive base where the result is a normal number well inside the range, else
@@ -98,15 +109,16 @@ inline double PowGeneral(double base, double exponent) noexcept {
   return IsShortDecimal<Tag>(base, exponent) ? kNotANumber : finite;
 }
 
-// Squares are plain products and cubes have a way of their own, in every path; all else goes the general way.
+// Squares are plain products; the product powers are left to WholePowerFast, and give not-a-number here; all else goes
+// the general way.
 template <class Tag>
 inline double PowFast(double base, double exponent) noexcept {
   const double general = PowGeneral<Tag>(base, exponent);
-  const double cube = CubeFast<Tag>(base);
-  const double third = cube == cube ? cube : general;
-  const double notSquare = exponent == 3.0 ? third : general;
   const double square = base * base;
-  return exponent == 2.0 ? square : notSquare;
+  const double power = exponent == 2.0 ? square : general;
+  const double whole = exponent <= kLastProductPower ? Truncate<Tag>(exponent) : kNotANumber;
+  const double productPower = exponent >= kFirstProductPower ? whole : kNotANumber;
+  return exponent == productPower ? kNotANumber : power;
 }
 
 }  // namespace plotvane::functions::kernels
