@@ -34,7 +34,8 @@ struct ColumnLoops {
     for (std::size_t i = 0; i < count; ++i)
       out[i] = Operation::Apply(Real(accumulator[i]), Real(uniform)).Get();
   }
-  // Small whole powers of a column without the general power, whose bits they share; false for other exponents.
+  // Small whole powers of a column without the general power, whose bits they share; false for other
+  // exponents.
   static bool RaiseToWhole(const ColumnArguments& arguments) noexcept {
     return RaiseToOneOf(arguments, std::integer_sequence<int, 2, 3, 4, 5, 6, 7, 8>{});
   }

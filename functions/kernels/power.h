@@ -109,8 +109,8 @@ inline double PowGeneral(double base, double exponent) noexcept {
   return IsShortDecimal<Tag>(base, exponent) ? kNotANumber : finite;
 }
 
-// Squares are plain products; the product powers are left to WholePowerFast, and give not-a-number here; all else goes
-// the general way.
+// Squares are plain products; the product powers are left to WholePowerFast, and give not-a-number here; all
+// else goes the general way.
 template <class Tag>
 inline double PowFast(double base, double exponent) noexcept {
   const double general = PowGeneral<Tag>(base, exponent);

@@ -179,7 +179,7 @@ TEST(Kernels, every_build_gives_the_same_bits) {
     powers.Add(Pow(base, i % 3 == 0 ? Truncate<Portable>(exponent) : exponent));
     powers.Add(Pow(Magnitude<Portable>(base), exponent));
   }
-  EXPECT_EQ(powers.Value(), 0xAE3C8AFF9553C953U);
+  EXPECT_EQ(powers.Value(), 0xADDF3D79DF6ED78U);
 }
 
 }  // namespace
