@@ -173,16 +173,14 @@ class Comparison {
     in >> from >> width;
     std::array<double, 128> xs{};
     for (std::size_t i = 0; i < xs.size(); ++i) xs[i] = from + static_cast<double>(i) * width;
-    engine::Curve exactCurve(mExact.expression, "x");
-    engine::Curve curve(mCompiled.expression, "x");
-    curve.Plan(xs);
+    mCompiledCurve.Plan(xs);
     for (const double x : xs) {
       double exact = 0;
       double compiled = 0;
       mRandom = platform::SharedRandomGenerator();
-      const bool exactOk = exactCurve.At(x, exact);
+      const bool exactOk = mExactCurve.At(x, exact);
       SwapRandom();
-      const bool compiledOk = curve.At(x, compiled);
+      const bool compiledOk = mCompiledCurve.At(x, compiled);
       Compare("curve", exactOk, Value(exact), compiledOk, Value(compiled));
     }
   }
@@ -205,6 +203,8 @@ class Comparison {
   std::string_view mRest;
   Gear mExact{false};
   Gear mCompiled{true};
+  engine::Curve mExactCurve{mExact.expression, "x"};
+  engine::Curve mCompiledCurve{mCompiled.expression, "x"};
   platform::RandomGenerator mRandom;
   std::string mDifference;
 };
