@@ -26,6 +26,14 @@ TEST(Face, every_button_bears_its_caption) {
             "Width=" + std::to_string(size.cx) + " pixels   Height=" + std::to_string(size.cy) + " pixels");
 }
 
+// In the column a quarter from the left.
+bool RedCurveIsShown(const FaceOnScreen& face) {
+  const SIZE size = SurfaceSize(face);
+  bool red = false;
+  for (int y = 0; y < size.cy; ++y) red |= PixelAt(face.Surface(), size.cx / 4, y) == RGB(255, 0, 0);
+  return red;
+}
+
 TEST(Face, the_curve_and_the_axes_are_on_the_screen) {
   const FaceOnScreen face("\"x\"");
   const SIZE size = SurfaceSize(face);
@@ -33,9 +41,16 @@ TEST(Face, the_curve_and_the_axes_are_on_the_screen) {
   const int column = size.cx / 2 - 1;
   EXPECT_EQ(PixelAt(face.Surface(), column, 3), RGB(0, 0, 0));
   EXPECT_EQ(PixelAt(face.Surface(), 3, row), RGB(0, 0, 0));
-  bool red = false;
-  for (int y = 0; y < size.cy; ++y) red |= PixelAt(face.Surface(), size.cx / 4, y) == RGB(255, 0, 0);
-  EXPECT_TRUE(red);
+  EXPECT_TRUE(RedCurveIsShown(face));
+}
+
+TEST(Face, a_change_of_the_systems_looks_keeps_the_curve) {
+  const FaceOnScreen face("\"x\"");
+  const std::string status = face.Status();
+  ::SendMessageW(face.Control(), WM_SYSCOLORCHANGE, 0, 0);
+  ::SendMessageW(face.Control(), WM_THEMECHANGED, 0, 0);
+  EXPECT_TRUE(RedCurveIsShown(face));
+  EXPECT_EQ(face.Status(), status);
 }
 
 TEST(Face, armed_buttons_show_their_captions_and_a_second_press_turns_them_off) {
