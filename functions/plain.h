@@ -108,10 +108,11 @@ class Plain {
 
 namespace formulas {
 
-// An angle within a turn stays as it is; single values need no division to see that.
+// An angle within a turn stays as it is (a negative zero becomes positive); single values need no division to
+// see that.
 template <>
 inline Plain<WholeRangeKernels> RadiansOver2PiN(Plain<WholeRangeKernels> x) {
-  if (kernels::Magnitude<kernels::Portable>(x.Get()) < 2 * kPi) return x;
+  if (kernels::Magnitude<kernels::Portable>(x.Get()) < 2 * kPi) return x.Get() + 0.0;
   return DecimalMod(x, Plain<WholeRangeKernels>(2 * kPi));
 }
 
