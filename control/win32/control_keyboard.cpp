@@ -105,8 +105,10 @@ bool ControlWindowImplementation::WantsMessage(const MSG* message) {
   return events && events->CurrentAction() != Action::None;
 }
 
+// The number is ready to be typed over, however the focus came; a click then sets the caret.
 void ControlWindowImplementation::FocusCame(HWND window) {
   mLastFocus = window;
+  if (window == mControls.Item(ToolBarItem::txtUserCurY)) ::SendMessageW(window, EM_SETSEL, 0, -1);
   if (mHost != nullptr) mHost->GotFocus();
 }
 
@@ -118,7 +120,6 @@ bool ControlWindowImplementation::MoveFocus(HWND from, bool backwards) {
   const HWND next = mControls.NextStop(from, backwards);
   if (next == nullptr) return false;
   ::SetFocus(next);
-  if (mControls.ItemOf(next) == ToolBarItem::txtUserCurY) ::SendMessageW(next, EM_SETSEL, 0, -1);
   return true;
 }
 

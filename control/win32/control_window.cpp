@@ -39,10 +39,7 @@ void ControlWindowImplementation::SetText(TextBox box, std::string_view text) {
 }
 
 void ControlWindowImplementation::SetFocus(TextBox box) {
-  const HWND window = mControls.Box(box);
-  if (window == nullptr) return;
-  ::SetFocus(window);
-  ::SendMessageW(window, EM_SETSEL, 0, -1);
+  if (const HWND window = mControls.Box(box)) ::SetFocus(window);
 }
 
 void ControlWindowImplementation::Apply(const ControlLayout& layout) {

@@ -1,6 +1,6 @@
 // face_host: a plain window with one or two controls in it, for the driver to work on from outside.
 //
-//   face_host [--size WxH] [--two] [--no-translate] [--design] EQUATION…
+//   face_host [--size WxH] [--two] [--no-translate] [--dialog-loop] [--design] EQUATION…
 //
 // The message loop knows nothing of the control's dialogs; with --no-translate it does not even offer its
 // keys to the control.
@@ -28,6 +28,7 @@ struct Options {
   int height = 480;
   bool two = false;
   bool translate = true;
+  bool dialogLoop = false;
   bool design = false;
   std::vector<std::string> equations;
 };
@@ -92,6 +93,10 @@ LRESULT CALLBACK HostProcedure(HWND window, UINT message, WPARAM wParam, LPARAM 
     case WM_APP:
       if (controls != nullptr) HandleHostKey(wParam, *controls);
       return 0;
+    case WM_NEXTDLGCTL:  // as a dialog box does
+      ::SetFocus(lParam != 0 ? reinterpret_cast<HWND>(wParam)
+                             : ::GetNextDlgTabItem(window, ::GetFocus(), wParam != 0));
+      return 0;
     case WM_DESTROY: ::PostQuitMessage(0); return 0;
     default: return ::DefWindowProcW(window, message, wParam, lParam);
   }
@@ -107,6 +112,9 @@ Options ReadOptions(int count, char** arguments) {
       options.two = true;
     } else if (argument == "--no-translate") {
       options.translate = false;
+    } else if (argument == "--dialog-loop") {
+      options.translate = false;
+      options.dialogLoop = true;
     } else if (argument == "--design") {
       options.design = true;
     } else {
@@ -161,6 +169,7 @@ int main(int count, char** arguments) {
   MSG message{};
   while (::GetMessageW(&message, nullptr, 0, 0) > 0) {
     if (options.translate && UsedUp(message, controls)) continue;
+    if (options.dialogLoop && ::IsDialogMessageW(window, &message)) continue;
     ::TranslateMessage(&message);
     ::DispatchMessageW(&message);
   }

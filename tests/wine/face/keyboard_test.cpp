@@ -32,6 +32,7 @@ TEST_P(Keyboard, every_mnemonic_works) {
   PressKey('G', VK_MENU);
   EXPECT_TRUE(face.SimpleBecomes(kHint));
   PressKey('Y', VK_MENU);
+  EXPECT_EQ(FocusText(face), "1");  // the number box
   TypeText("2");
   EXPECT_EQ(TextOf(face.NumberBox()), "2");
   PressKey('E', VK_MENU);
@@ -74,8 +75,11 @@ TEST_P(Keyboard, space_presses_the_focused_button) {
   EXPECT_TRUE(face.SimpleBecomes("Zoom In"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Loops, Keyboard, testing::Values("", "--no-translate"),
-                         [](const auto& loop) { return loop.index == 0 ? "translating" : "dispatching"; });
+std::string LoopName(const testing::TestParamInfo<const char*>& loop) {
+  constexpr const char* kNames[] = {"translating", "dispatching", "dialog_box"};
+  return kNames[loop.index];
+}
+INSTANTIATE_TEST_SUITE_P(Loops, Keyboard, testing::Values("", "--no-translate", "--dialog-loop"), LoopName);
 
 }  // namespace
 }  // namespace plotvane::test

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "control/mnemonic.h"
+#include "control/win32/cursors.h"
 #include "control/win32/handles.h"
 #include "control/win32/resolution.h"
 #include "host.h"
@@ -71,6 +72,40 @@ TEST_P(Pictures, of_three_sizes_show_every_caption_in_full) {
       EXPECT_GE(ClientWidth(button), NeededWidth(caption, GetParam()) + 4) << caption << " " << size.name;
     }
   }
+}
+
+// The figure of a pointer on white: how many of its pixels are black, and how wide it is.
+struct Figure {
+  int black = 0;
+  int width = 0;
+};
+
+Figure DrawPointer(graph::PointerKind kind) {
+  constexpr int kSide = 64;
+  control::win32::SurfaceCursors cursors;
+  const control::win32::WindowContext screen(nullptr);
+  const control::win32::OwnedMemoryContext memory(::CreateCompatibleDC(screen.Get()));
+  const control::win32::OwnedBitmap bitmap(::CreateCompatibleBitmap(screen.Get(), kSide, kSide));
+  const control::win32::SelectScope selected(memory.Get(), bitmap.Get());
+  ::PatBlt(memory.Get(), 0, 0, kSide, kSide, WHITENESS);
+  ::DrawIconEx(memory.Get(), 0, 0, cursors.Get(kind), 0, 0, 0, nullptr, DI_NORMAL);
+  Figure figure;
+  for (int x = 0; x < kSide; ++x) {
+    const int before = figure.black;
+    for (int y = 0; y < kSide; ++y) figure.black += ::GetPixel(memory.Get(), x, y) == RGB(0, 0, 0);
+    if (figure.black > before) figure.width = x + 1;
+  }
+  return figure;
+}
+
+TEST(Pointers, the_magnifiers_are_drawn_and_differ_by_the_upright_of_the_plus) {
+  const Figure in = DrawPointer(graph::PointerKind::ZoomIn);
+  const Figure out = DrawPointer(graph::PointerKind::ZoomOut);
+  EXPECT_GT(out.black, 100);
+  EXPECT_GT(out.width, 24);
+  EXPECT_EQ(in.width, out.width);
+  // Two strokes of 9 by 2 pixels that cross in 2 by 2.
+  EXPECT_NEAR(in.black - out.black, 14, 4);
 }
 
 TEST_P(Pictures, of_the_dialogs) {
