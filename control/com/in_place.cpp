@@ -74,7 +74,7 @@ HRESULT GraphObject::EnterInPlace() {
   ComPtr<IOleInPlaceFrame> frame;
   ComPtr<IOleInPlaceUIWindow> document;
   HRESULT status = CallHost([&] { return site->GetWindow(&parent); });
-  if (SUCCEEDED(status)) {
+  if (SUCCEEDED(status) && stillWanted()) {
     status = CallHost([&] {
       return site->GetWindowContext(frame.Receive(), document.Receive(), &position, &clip, &frameInfo);
     });

@@ -13,7 +13,9 @@ constexpr WORD kGet = DISPATCH_PROPERTYGET;
 constexpr WORD kPut = DISPATCH_PROPERTYPUT;
 constexpr WORD kPutRef = DISPATCH_PROPERTYPUTREF;
 constexpr WORD kCall = DISPATCH_METHOD;
-constexpr HRESULT Standard(int number) { return static_cast<HRESULT>(0x800A0000U + static_cast<unsigned>(number)); }
+constexpr HRESULT Standard(int number) {
+  return static_cast<HRESULT>(0x800A0000U + static_cast<unsigned>(number));
+}
 
 class Control : public testing::Test {
  protected:
@@ -21,8 +23,12 @@ class Control : public testing::Test {
   Library library;
   ComPtr<::_Graph> graph = library.CreateGraph();
 
-  double Number(const wchar_t* name) { return control::com::ToDouble(CallByName(graph.Get(), name, kGet).value.Get()); }
-  bool Flag(const wchar_t* name) { return control::com::ToBool(CallByName(graph.Get(), name, kGet).value.Get()); }
+  double Number(const wchar_t* name) {
+    return control::com::ToDouble(CallByName(graph.Get(), name, kGet).value.Get());
+  }
+  bool Flag(const wchar_t* name) {
+    return control::com::ToBool(CallByName(graph.Get(), name, kGet).value.Get());
+  }
 
   HRESULT SetFunctions(const std::vector<IDispatch*>& functions, bool redraw = true) {
     Variant array = ArrayOf(functions);
@@ -36,14 +42,13 @@ TEST_F(Control, a_new_control_has_the_written_values) {
     const wchar_t* name;
     double value;
   };
-  constexpr Row kRows[]{
-      {L"W", 20},         {L"H", 20},           {L"W_2", 0},       {L"H_2", 0},         {L"Xmax", 10},
-      {L"Xmin", -10},     {L"Ymax", 10},        {L"Ymin", -10},    {L"Xscl", 1},        {L"Yscl", 1},
-      {L"GCStyle", 1},    {L"PlotStyle", 2},    {L"ZX", 4},        {L"ZY", 4},          {L"PenWidth", 1},
-      {L"PlotPixelStep", 1}};
+  constexpr Row kRows[]{{L"W", 20},    {L"H", 20},     {L"W_2", 0},      {L"H_2", 0},
+                        {L"Xmax", 10}, {L"Xmin", -10}, {L"Ymax", 10},    {L"Ymin", -10},
+                        {L"Xscl", 1},  {L"Yscl", 1},   {L"GCStyle", 1},  {L"PlotStyle", 2},
+                        {L"ZX", 4},    {L"ZY", 4},     {L"PenWidth", 1}, {L"PlotPixelStep", 1}};
   for (const Row& row : kRows) EXPECT_EQ(Number(row.name), row.value) << control::com::Utf8(row.name);
-  for (const wchar_t* name : {L"ShowAxis", L"ShowAxisDivisions", L"RedrawGridOnResize", L"RedrawAxisOnResize",
-                              L"ToolBarVisible"}) {
+  for (const wchar_t* name :
+       {L"ShowAxis", L"ShowAxisDivisions", L"RedrawGridOnResize", L"RedrawAxisOnResize", L"ToolBarVisible"}) {
     EXPECT_TRUE(Flag(name)) << control::com::Utf8(name);
   }
   for (const wchar_t* name : {L"ShowGrid", L"RedrawAll", L"DegreeMode"}) EXPECT_FALSE(Flag(name));
@@ -197,10 +202,13 @@ TEST_F(Control, arguments_may_be_named_and_locales_do_not_matter) {
 
 TEST_F(Control, put_and_putref_together_write_an_object) {
   const auto table = MakeTable();
-  EXPECT_EQ(CallByName(graph.Get(), L"VarTable", static_cast<WORD>(kPut | kPutRef), {Variant(table.Get())}).status, S_OK);
+  EXPECT_EQ(
+      CallByName(graph.Get(), L"VarTable", static_cast<WORD>(kPut | kPutRef), {Variant(table.Get())}).status,
+      S_OK);
   EXPECT_EQ(CallByName(graph.Get(), L"VarTable", kPut, {Variant(table.Get())}).status, S_OK);
   EXPECT_EQ(CallByName(graph.Get(), L"VarTable", kPutRef, {Variant(table.Get())}).status, S_OK);
-  EXPECT_EQ(CallByName(graph.Get(), L"VarTable", kGet).value.Get().pdispVal, static_cast<IDispatch*>(table.Get()));
+  EXPECT_EQ(CallByName(graph.Get(), L"VarTable", kGet).value.Get().pdispVal,
+            static_cast<IDispatch*>(table.Get()));
 }
 
 TEST_F(Control, calls_that_cannot_be_made_say_why) {
@@ -358,7 +366,9 @@ TEST_F(Control, its_own_surface_and_table_are_one_object_each_and_come_home) {
   Variant picture;
   EXPECT_EQ(graph->GetGraphPicture(picture.Receive()), S_OK);
   EXPECT_EQ(picture.Get().pdispVal, surface.Get());
-  EXPECT_EQ(CallByName(surface.Get(), L"SetPixel", kCall, {Variant(1.0), Variant(2.0), Variant(255.0)}).status, S_OK);
+  EXPECT_EQ(
+      CallByName(surface.Get(), L"SetPixel", kCall, {Variant(1.0), Variant(2.0), Variant(255.0)}).status,
+      S_OK);
   EXPECT_EQ(control::com::ToDouble(CallByName(surface.Get(), L"ScaleWidth", kGet).value.Get()), 400);
 
   // Two controls with one table.
@@ -380,7 +390,8 @@ TEST_F(Control, a_table_handed_out_outlives_the_control) {
   ASSERT_EQ(graph->get_VarTable(table.Receive()), S_OK);
   graph.Reset();
   Variant value;
-  EXPECT_TRUE(control::com::ToBool(CallByName(table.Get().pdispVal, L"IdExists", kCall, {Variant("pi")}).value.Get()));
+  EXPECT_TRUE(control::com::ToBool(
+      CallByName(table.Get().pdispVal, L"IdExists", kCall, {Variant("pi")}).value.Get()));
 }
 
 // ---- The control's own table by name ----
@@ -484,7 +495,9 @@ TEST_F(Control, SetYArray_refuses_what_is_no_array_of_objects_and_keeps_its_func
   ASSERT_EQ(SetFunctions({kept.Get()}), S_OK);
   for (const Input& input : StrangeValues()) {
     const bool isArray = (input.value.Type() & VT_ARRAY) != 0;
-    const HRESULT expected = !isArray ? Standard(13) : std::string(input.name) == "null array" ? Standard(9) : Standard(424);
+    const HRESULT expected = !isArray                                  ? Standard(13)
+                             : std::string(input.name) == "null array" ? Standard(9)
+                                                                       : Standard(424);
     Variant value = input.value;
     EXPECT_EQ(graph->SetYArray(&value.Get(), nullptr), expected) << input.name;
     EXPECT_EQ(CallByName(graph.Get(), L"SetYArray", kCall, {input.value}).raised, expected) << input.name;
@@ -527,7 +540,6 @@ TEST_F(Control, SetYArray_takes_arrays_of_every_shape_by_the_rules) {
       {"upper bound -1", vector(VT_VARIANT, -1, 1), Standard(9)},
       {"no elements", vector(VT_VARIANT, 0, 0), Standard(9)},
       {"two dimensions", plane, Standard(9)},
-      {"upper bound 32767 of nothing", vector(VT_VARIANT, 0, 0), Standard(9)},
   };
   Variant huge;
   huge.Get().vt = VT_ARRAY | VT_VARIANT;
@@ -581,7 +593,9 @@ TEST_F(Control, PIC_refuses_what_is_no_object_and_keeps_its_surface) {
     for (const WORD kinds : {kPut, kPutRef}) {
       const CallResult call = CallByName(graph.Get(), L"PIC", kinds, {input.value});
       EXPECT_EQ(call.status, unset ? S_OK : DISP_E_EXCEPTION) << input.name;
-      if (!unset) EXPECT_EQ(call.raised, Standard(424)) << input.name;
+      if (!unset) {
+        EXPECT_EQ(call.raised, Standard(424)) << input.name;
+      }
     }
     ComPtr<IDispatch> now;
     graph->get_PIC(now.Receive());
@@ -597,7 +611,8 @@ TEST_F(Control, by_reference_numbers_refuse_what_does_not_convert) {
       const CallResult call = CallByName(graph.Get(), name, kPut, {input.value});
       const std::string text = input.name;
       const bool refused = (input.value.Type() & VT_ARRAY) != 0 || text == "null" || text == "error" ||
-                           text == "text" || text == "empty text" || text == "unset object" || text == "unset unknown";
+                           text == "text" || text == "empty text" || text == "unset object" ||
+                           text == "unset unknown";
       if (refused) {
         EXPECT_TRUE(FAILED(call.status)) << control::com::Utf8(name) << " " << input.name;
         EXPECT_EQ(Number(name), before) << input.name;

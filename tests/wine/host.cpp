@@ -19,7 +19,9 @@ std::wstring Library::Path() {
   return control::com::Utf16(path);
 }
 
-Library::Library() : mModule(::LoadLibraryW(Path().c_str())) { EXPECT_NE(mModule, nullptr); }
+Library::Library() : mModule(::LoadLibraryW(Path().c_str())) {
+  EXPECT_NE(mModule, nullptr);
+}
 
 Library::~Library() {
   EXPECT_TRUE(CanUnload()) << "objects of the library are still alive";
@@ -28,7 +30,8 @@ Library::~Library() {
 
 ComPtr<IClassFactory> Library::Factory() const {
   using GetClassObject = HRESULT(STDMETHODCALLTYPE*)(REFCLSID, REFIID, void**);
-  const auto get = reinterpret_cast<GetClassObject>(reinterpret_cast<void*>(::GetProcAddress(mModule, "DllGetClassObject")));
+  const auto get = reinterpret_cast<GetClassObject>(
+      reinterpret_cast<void*>(::GetProcAddress(mModule, "DllGetClassObject")));
   ComPtr<IClassFactory> factory;
   EXPECT_EQ(get(CLSID_Graph, IID_IClassFactory, factory.ReceiveVoid()), S_OK);
   return factory;
@@ -42,12 +45,15 @@ ComPtr<::_Graph> Library::CreateGraph() const {
 
 bool Library::CanUnload() const {
   using CanUnloadNow = HRESULT(STDMETHODCALLTYPE*)();
-  return reinterpret_cast<CanUnloadNow>(reinterpret_cast<void*>(::GetProcAddress(mModule, "DllCanUnloadNow")))() == S_OK;
+  return reinterpret_cast<CanUnloadNow>(
+             reinterpret_cast<void*>(::GetProcAddress(mModule, "DllCanUnloadNow")))() == S_OK;
 }
 
 // ---- NamedObject ----
 
-void NamedObject::Define(const std::wstring& name, Member member) { mMembers.emplace_back(name, std::move(member)); }
+void NamedObject::Define(const std::wstring& name, Member member) {
+  mMembers.emplace_back(name, std::move(member));
+}
 
 void NamedObject::DefineField(const std::wstring& name, Variant value) {
   mFields[name] = std::move(value);
@@ -58,7 +64,9 @@ void NamedObject::DefineField(const std::wstring& name, Variant value) {
   });
 }
 
-Variant& NamedObject::Field(const std::wstring& name) { return mFields[name]; }
+Variant& NamedObject::Field(const std::wstring& name) {
+  return mFields[name];
+}
 
 HRESULT NamedObject::GetTypeInfoCount(UINT* count) noexcept {
   *count = 0;
@@ -89,8 +97,13 @@ HRESULT NamedObject::Invoke(DISPID id, REFIID, LCID, WORD kinds, DISPPARAMS* giv
   const auto member = mMembers[static_cast<std::size_t>(id - 1)];
   ++calls[member.first];
   Arguments arguments;
-  for (UINT index = 0; index < given->cArgs; ++index) arguments.push_back(&given->rgvarg[given->cArgs - 1 - index]);
+  for (UINT index = 0; index < given->cArgs; ++index)
+    arguments.push_back(&given->rgvarg[given->cArgs - 1 - index]);
   try {
+    if (const auto found = mIntercepts.find(member.first); found != mIntercepts.end()) {
+      const auto run = found->second;
+      run();
+    }
     Variant value = member.second(arguments, kinds);
     if (result != nullptr) *result = value.Detach();
     return S_OK;
@@ -168,9 +181,11 @@ CallResult CallByName(IDispatch* object, const wchar_t* name, WORD kinds, std::v
   for (const Variant& argument : arguments) reversed.insert(reversed.begin(), argument.Get());
   DISPID put = DISPID_PROPERTYPUT;
   const bool writes = (kinds & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
-  DISPPARAMS given{reversed.data(), writes ? &put : nullptr, static_cast<UINT>(reversed.size()), writes ? 1U : 0U};
+  DISPPARAMS given{reversed.data(), writes ? &put : nullptr, static_cast<UINT>(reversed.size()),
+                   writes ? 1U : 0U};
   EXCEPINFO exception{};
-  call.status = object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kinds, &given, call.value.Receive(), &exception, nullptr);
+  call.status = object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kinds, &given, call.value.Receive(),
+                               &exception, nullptr);
   call.raised = exception.scode;
   call.source = control::com::TextOf(exception.bstrSource);
   call.text = control::com::TextOf(exception.bstrDescription);
@@ -182,16 +197,26 @@ CallResult CallByName(IDispatch* object, const wchar_t* name, WORD kinds, std::v
 
 // ---- EventSink ----
 
-HRESULT EventSink::GetTypeInfoCount(UINT*) noexcept { return E_NOTIMPL; }
-HRESULT EventSink::GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept { return E_NOTIMPL; }
-HRESULT EventSink::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept { return E_NOTIMPL; }
+HRESULT EventSink::GetTypeInfoCount(UINT*) noexcept {
+  return E_NOTIMPL;
+}
+HRESULT EventSink::GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept {
+  return E_NOTIMPL;
+}
+HRESULT EventSink::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept {
+  return E_NOTIMPL;
+}
 
 HRESULT EventSink::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) noexcept {
   if (id != 1) return DISP_E_MEMBERNOTFOUND;
   const ComPtr<IDispatch> alive(this);
   ++plotDone;
-  if (const auto run = action) run();
-  return S_OK;
+  try {
+    if (const auto run = action) run();
+    return S_OK;
+  } catch (const RaisedError& error) {
+    return error.status;
+  }
 }
 
 DWORD Connect(IUnknown* object, REFIID events, IUnknown* sink) {
@@ -210,7 +235,9 @@ void Disconnect(IUnknown* object, REFIID events, DWORD cookie) {
 
 // ---- StrictSite ----
 
-int StrictSite::Count(const std::string& call) const { return static_cast<int>(std::count(log.begin(), log.end(), call)); }
+int StrictSite::Count(const std::string& call) const {
+  return static_cast<int>(std::count(log.begin(), log.end(), call));
+}
 
 HRESULT StrictSite::Note(const char* call) noexcept {
   const ComPtr<IOleClientSite> alive(this);
@@ -255,8 +282,8 @@ HRESULT StrictSite::OnUIActivate() noexcept {
   return Note("OnUIActivate");
 }
 
-HRESULT StrictSite::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document, RECT* place, RECT* clip,
-                                     OLEINPLACEFRAMEINFO* info) noexcept {
+HRESULT StrictSite::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document, RECT* place,
+                                     RECT* clip, OLEINPLACEFRAMEINFO* info) noexcept {
   EXPECT_TRUE(inPlace);
   EXPECT_EQ(info->cb, sizeof(OLEINPLACEFRAMEINFO));
   *frame = ComPtr<IOleInPlaceFrame>(this).Detach();
@@ -299,7 +326,8 @@ HRESULT StrictSite::SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR) 
   return Note("SetActiveObject");
 }
 
-HRESULT StrictSite::Invoke(DISPID id, REFIID, LCID, WORD kinds, DISPPARAMS*, VARIANT* result, EXCEPINFO*, UINT*) noexcept {
+HRESULT StrictSite::Invoke(DISPID id, REFIID, LCID, WORD kinds, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
+                           UINT*) noexcept {
   EXPECT_NE(kinds & DISPATCH_PROPERTYGET, 0);
   if (id != DISPID_AMBIENT_USERMODE || !hasUserMode) return DISP_E_MEMBERNOTFOUND;
   *result = Variant(userMode).Detach();
@@ -309,10 +337,12 @@ HRESULT StrictSite::Invoke(DISPID id, REFIID, LCID, WORD kinds, DISPPARAMS*, VAR
 // ---- Windows ----
 
 HostWindow::HostWindow()
-    : mWindow(::CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_CLIPCHILDREN, 50, 50, 500,
-                                400, nullptr, nullptr, ::GetModuleHandleW(nullptr), nullptr)) {}
+    : mWindow(::CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_CLIPCHILDREN, 50,
+                                50, 500, 400, nullptr, nullptr, ::GetModuleHandleW(nullptr), nullptr)) {}
 
-HostWindow::~HostWindow() { Destroy(); }
+HostWindow::~HostWindow() {
+  Destroy();
+}
 
 void HostWindow::Destroy() noexcept {
   if (mWindow != nullptr) ::DestroyWindow(std::exchange(mWindow, nullptr));

@@ -1,12 +1,12 @@
-// The host's side of the Windows tests: the library from outside, objects that answer by name, an event sink and a strict
-// container.
+// The host's side of the Windows tests: the library from outside, objects that answer by name, an event sink
+// and a strict container.
 #pragma once
 
 #include <windows.h>
 
 #include <ocidl.h>
-#include <oleidl.h>
 #include <olectl.h>
+#include <oleidl.h>
 
 #include <functional>
 #include <map>
@@ -86,19 +86,25 @@ class NamedObject final : public Implements<IDispatch> {
   // A property that keeps a value.
   void DefineField(const std::wstring& name, Variant value);
   [[nodiscard]] Variant& Field(const std::wstring& name);
+  // Runs `action` before every call of the member; what it throws is what the member throws.
+  void Intercept(const std::wstring& name, std::function<void()> action) {
+    mIntercepts[name] = std::move(action);
+  }
 
   int nameLookups = 0;
   std::map<std::wstring, int> calls;
 
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override;
   HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo** info) noexcept override;
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) noexcept override;
-  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD kinds, DISPPARAMS* arguments, VARIANT* result,
-                                   EXCEPINFO* exception, UINT*) noexcept override;
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
+                                          DISPID* ids) noexcept override;
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD kinds, DISPPARAMS* arguments,
+                                   VARIANT* result, EXCEPINFO* exception, UINT*) noexcept override;
 
  private:
   std::vector<std::pair<std::wstring, Member>> mMembers;
   std::map<std::wstring, Variant> mFields;
+  std::map<std::wstring, std::function<void()>> mIntercepts;
 };
 
 // What a member throws to fail the way an automation object does.
@@ -117,7 +123,8 @@ struct RaisedError {
 // A zero-based array whose element 0 is empty, as most languages make it.
 [[nodiscard]] Variant ArrayOf(const std::vector<IDispatch*>& objects);
 
-// Calls a member by name, as a script does. The status and, after DISP_E_EXCEPTION, the status and text inside.
+// Calls a member by name, as a script does. The status and, after DISP_E_EXCEPTION, the status and text
+// inside.
 struct CallResult {
   HRESULT status = E_FAIL;
   Variant value;
@@ -125,7 +132,8 @@ struct CallResult {
   std::string source;
   std::string text;
 };
-CallResult CallByName(IDispatch* object, const wchar_t* name, WORD kinds, std::vector<Variant> arguments = {});
+CallResult CallByName(IDispatch* object, const wchar_t* name, WORD kinds,
+                      std::vector<Variant> arguments = {});
 
 // Counts PlotDone; `action` runs inside it.
 class EventSink final : public Implements<IDispatch> {
@@ -136,14 +144,16 @@ class EventSink final : public Implements<IDispatch> {
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override;
   HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo** info) noexcept override;
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override;
-  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) noexcept override;
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                                   UINT*) noexcept override;
 };
 
 // Connects a sink to the events; the cookie to disconnect it.
 DWORD Connect(IUnknown* object, REFIID events, IUnknown* sink);
 void Disconnect(IUnknown* object, REFIID events, DWORD cookie);
 
-// A container that fails the test on every call it does not expect in the present state, and keeps the log of calls.
+// A container that fails the test on every call it does not expect in the present state, and keeps the log of
+// calls.
 class StrictSite final
     : public Implements<IOleClientSite, IOleInPlaceSite, IOleControlSite, IOleInPlaceFrame, IDispatch> {
  public:
@@ -163,29 +173,42 @@ class StrictSite final
 
   // IOleClientSite
   HRESULT STDMETHODCALLTYPE SaveObject() noexcept override { return Unexpected("SaveObject"); }
-  HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, IMoniker**) noexcept override { return Unexpected("GetMoniker"); }
+  HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, IMoniker**) noexcept override {
+    return Unexpected("GetMoniker");
+  }
   HRESULT STDMETHODCALLTYPE GetContainer(IOleContainer** container) noexcept override;
   HRESULT STDMETHODCALLTYPE ShowObject() noexcept override { return Note("ShowObject"); }
   HRESULT STDMETHODCALLTYPE OnShowWindow(BOOL) noexcept override { return Unexpected("OnShowWindow"); }
-  HRESULT STDMETHODCALLTYPE RequestNewObjectLayout() noexcept override { return Unexpected("RequestNewObjectLayout"); }
+  HRESULT STDMETHODCALLTYPE RequestNewObjectLayout() noexcept override {
+    return Unexpected("RequestNewObjectLayout");
+  }
   // IOleWindow of the site and of the frame
   HRESULT STDMETHODCALLTYPE GetWindow(HWND* window) noexcept override;
-  HRESULT STDMETHODCALLTYPE ContextSensitiveHelp(BOOL) noexcept override { return Unexpected("ContextSensitiveHelp"); }
+  HRESULT STDMETHODCALLTYPE ContextSensitiveHelp(BOOL) noexcept override {
+    return Unexpected("ContextSensitiveHelp");
+  }
   // IOleInPlaceSite
   HRESULT STDMETHODCALLTYPE CanInPlaceActivate() noexcept override;
   HRESULT STDMETHODCALLTYPE OnInPlaceActivate() noexcept override;
   HRESULT STDMETHODCALLTYPE OnUIActivate() noexcept override;
-  HRESULT STDMETHODCALLTYPE GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document, RECT* place,
-                                             RECT* clip, OLEINPLACEFRAMEINFO* info) noexcept override;
+  HRESULT STDMETHODCALLTYPE GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document,
+                                             RECT* place, RECT* clip,
+                                             OLEINPLACEFRAMEINFO* info) noexcept override;
   HRESULT STDMETHODCALLTYPE Scroll(SIZE) noexcept override { return Unexpected("Scroll"); }
   HRESULT STDMETHODCALLTYPE OnUIDeactivate(BOOL) noexcept override;
   HRESULT STDMETHODCALLTYPE OnInPlaceDeactivate() noexcept override;
   HRESULT STDMETHODCALLTYPE DiscardUndoState() noexcept override { return Unexpected("DiscardUndoState"); }
   HRESULT STDMETHODCALLTYPE DeactivateAndUndo() noexcept override { return Unexpected("DeactivateAndUndo"); }
-  HRESULT STDMETHODCALLTYPE OnPosRectChange(const RECT*) noexcept override { return Unexpected("OnPosRectChange"); }
+  HRESULT STDMETHODCALLTYPE OnPosRectChange(const RECT*) noexcept override {
+    return Unexpected("OnPosRectChange");
+  }
   // IOleControlSite
-  HRESULT STDMETHODCALLTYPE OnControlInfoChanged() noexcept override { return Unexpected("OnControlInfoChanged"); }
-  HRESULT STDMETHODCALLTYPE LockInPlaceActive(BOOL) noexcept override { return Unexpected("LockInPlaceActive"); }
+  HRESULT STDMETHODCALLTYPE OnControlInfoChanged() noexcept override {
+    return Unexpected("OnControlInfoChanged");
+  }
+  HRESULT STDMETHODCALLTYPE LockInPlaceActive(BOOL) noexcept override {
+    return Unexpected("LockInPlaceActive");
+  }
   HRESULT STDMETHODCALLTYPE GetExtendedControl(IDispatch**) noexcept override {
     return Unexpected("GetExtendedControl");
   }
@@ -193,7 +216,9 @@ class StrictSite final
     return Unexpected("TransformCoords");
   }
   HRESULT STDMETHODCALLTYPE TranslateAccelerator(MSG*, DWORD) noexcept override;
-  HRESULT STDMETHODCALLTYPE OnFocus(BOOL focus) noexcept override { return Note(focus != FALSE ? "OnFocus" : "OnBlur"); }
+  HRESULT STDMETHODCALLTYPE OnFocus(BOOL focus) noexcept override {
+    return Note(focus != FALSE ? "OnFocus" : "OnBlur");
+  }
   HRESULT STDMETHODCALLTYPE ShowPropertyFrame() noexcept override { return Unexpected("ShowPropertyFrame"); }
   // IOleInPlaceUIWindow, IOleInPlaceFrame
   HRESULT STDMETHODCALLTYPE GetBorder(RECT*) noexcept override { return Unexpected("GetBorder"); }
@@ -202,7 +227,9 @@ class StrictSite final
   }
   HRESULT STDMETHODCALLTYPE SetBorderSpace(const BORDERWIDTHS* widths) noexcept override;
   HRESULT STDMETHODCALLTYPE SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR) noexcept override;
-  HRESULT STDMETHODCALLTYPE InsertMenus(HMENU, OLEMENUGROUPWIDTHS*) noexcept override { return Unexpected("InsertMenus"); }
+  HRESULT STDMETHODCALLTYPE InsertMenus(HMENU, OLEMENUGROUPWIDTHS*) noexcept override {
+    return Unexpected("InsertMenus");
+  }
   HRESULT STDMETHODCALLTYPE SetMenu(HMENU, HOLEMENU, HWND) noexcept override { return Unexpected("SetMenu"); }
   HRESULT STDMETHODCALLTYPE RemoveMenus(HMENU) noexcept override { return Unexpected("RemoveMenus"); }
   HRESULT STDMETHODCALLTYPE SetStatusText(LPCOLESTR) noexcept override { return Unexpected("SetStatusText"); }
@@ -211,13 +238,17 @@ class StrictSite final
     return Unexpected("frame TranslateAccelerator");
   }
   // IDispatch: the ambient properties
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) noexcept override { return Unexpected("GetTypeInfoCount"); }
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return Unexpected("GetTypeInfo"); }
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) noexcept override {
+    return Unexpected("GetTypeInfoCount");
+  }
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override {
+    return Unexpected("GetTypeInfo");
+  }
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
     return Unexpected("GetIDsOfNames");
   }
-  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD kinds, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
-                                   UINT*) noexcept override;
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD kinds, DISPPARAMS*, VARIANT* result,
+                                   EXCEPINFO*, UINT*) noexcept override;
 
  private:
   HRESULT Note(const char* call) noexcept;

@@ -60,10 +60,13 @@ const char* KindText(INVOKEKIND kind) {
 
 std::string FlagsText(USHORT flags) {
   std::string text;
-  if ((flags & PARAMFLAG_FIN) != 0) text += "in ";
-  if ((flags & PARAMFLAG_FOUT) != 0) text += "out ";
-  if ((flags & PARAMFLAG_FRETVAL) != 0) text += "retval ";
-  if ((flags & PARAMFLAG_FOPT) != 0) text += "optional ";
+  const auto add = [&](USHORT flag, const char* word) {
+    if ((flags & flag) != 0) text += (text.empty() ? "" : " ") + std::string(word);
+  };
+  add(PARAMFLAG_FIN, "in");
+  add(PARAMFLAG_FOUT, "out");
+  add(PARAMFLAG_FRETVAL, "retval");
+  add(PARAMFLAG_FOPT, "optional");
   return text;
 }
 
@@ -71,8 +74,8 @@ void DumpFunction(std::ostream& out, ITypeInfo& info, const FUNCDESC& function) 
   std::array<BSTR, 8> names{};
   UINT count = 0;
   info.GetNames(function.memid, names.data(), static_cast<UINT>(names.size()), &count);
-  out << "  slot " << std::dec << function.oVft / static_cast<SHORT>(sizeof(void*)) << " 0x" << std::hex << std::uppercase
-      << function.memid << std::dec << " " << KindText(function.invkind) << " "
+  out << "  slot " << std::dec << function.oVft / static_cast<SHORT>(sizeof(void*)) << " 0x" << std::hex
+      << std::uppercase << function.memid << std::dec << " " << KindText(function.invkind) << " "
       << TypeText(info, function.elemdescFunc.tdesc) << " " << control::com::TextOf(names[0]) << "(";
   for (SHORT index = 0; index < function.cParams; ++index) {
     const ELEMDESC& parameter = function.lprgelemdescParam[index];
@@ -121,8 +124,8 @@ void DumpType(std::ostream& out, ITypeInfo& info) {
   out << kKinds[attributes->typekind] << " " << NameOf(info) << " ";
   // Enumerations have no identifier of their own.
   if (attributes->typekind != TKIND_ENUM) out << GuidText(attributes->guid) << " ";
-  out << "flags " << attributes->wTypeFlags << " version " << attributes->wMajorVerNum << "." << attributes->wMinorVerNum
-      << "\n";
+  out << "flags " << attributes->wTypeFlags << " version " << attributes->wMajorVerNum << "."
+      << attributes->wMinorVerNum << "\n";
   if (attributes->typekind == TKIND_ENUM) DumpVariables(out, info);
   if (attributes->typekind == TKIND_COCLASS) DumpImplemented(out, info, attributes->cImplTypes);
   if ((attributes->wTypeFlags & TYPEFLAG_FDUAL) != 0) {
@@ -145,9 +148,9 @@ std::string DumpTypeLibrary(ITypeLib& library) {
   Bstr name;
   library.GetDocumentation(-1, name.Receive(), nullptr, nullptr, nullptr);
   library.GetLibAttr(&attributes);
-  out << "library " << name.Text() << " " << GuidText(attributes->guid) << " version " << attributes->wMajorVerNum << "."
-      << attributes->wMinorVerNum << " locale 0x" << std::hex << attributes->lcid << std::dec << " flags "
-      << (attributes->wLibFlags & LIBFLAG_FCONTROL) << "\n";
+  out << "library " << name.Text() << " " << GuidText(attributes->guid) << " version "
+      << attributes->wMajorVerNum << "." << attributes->wMinorVerNum << " locale 0x" << std::hex
+      << attributes->lcid << std::dec << " flags " << (attributes->wLibFlags & LIBFLAG_FCONTROL) << "\n";
   library.ReleaseTLibAttr(attributes);
   for (UINT index = 0; index < library.GetTypeInfoCount(); ++index) {
     ComPtr<ITypeInfo> info;
