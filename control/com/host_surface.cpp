@@ -42,7 +42,7 @@ void HostSurface::SetPixel(PixelPoint point, Colour colour) {
 }
 
 void HostSurface::SetPixel(PixelPoint point) {
-  mObject.Call(kSetPixel, std::array{Variant(point.x), Variant(point.y)});
+  mObject.Call(kSetPixel, std::array{Variant(point.x), Variant(point.y), Variant::Missing()});
 }
 
 void HostSurface::Line(PixelPoint from, PixelPoint to, Colour colour) {
@@ -51,7 +51,7 @@ void HostSurface::Line(PixelPoint from, PixelPoint to, Colour colour) {
 }
 
 void HostSurface::Line(PixelPoint from, PixelPoint to) {
-  mObject.Call(kDrawLine, std::array{Variant(from.x), Variant(from.y), Variant(to.x), Variant(to.y)});
+  mObject.Call(kDrawLine, std::array{Variant(from.x), Variant(from.y), Variant(to.x), Variant(to.y), Variant::Missing()});
 }
 
 double HostSurface::ScaleWidth() {

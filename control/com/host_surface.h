@@ -5,9 +5,9 @@
 //   ScaleWidth, ScaleHeight              size in pixels
 //   PenWidth                             read and written
 //
-// must be there; PersistentDrawing (written), MousePointer (written, the kind numbers of the pointers) and
-// hDC (read) are used when the object has them. A call without a colour asks for the object's own foreground
-// colour.
+// must be there; PersistentDrawing (written), MousePointer (written, the kind numbers of the pointers) and hDC
+// (read) are used when the object has them. A colour that is missing (the optional argument that a caller left
+// out) stands for the object's own foreground colour.
 #pragma once
 
 #include "control/com/host_object.h"

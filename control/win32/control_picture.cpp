@@ -105,6 +105,27 @@ class Canvas32 {
   void* mBits = nullptr;
 };
 
+// Metafiles and printers have more than the pixels of a screen.
+bool WantsLines(HDC target) {
+  const int technology = ::GetDeviceCaps(target, TECHNOLOGY);
+  return ::GetObjectType(target) == OBJ_ENHMETADC || technology == DT_METAFILE ||
+         technology == DT_RASPRINTER || technology == DT_PLOTTER;
+}
+
+// The plotting surface over its pixels in the picture of the whole control.
+void DrawLines(HDC target, const RECT& rect, PixelSize whole, const ControlLayout& layout,
+               const PictureParts& parts) {
+  const auto x = [&](int column) {
+    return rect.left + ::MulDiv(column, static_cast<int>(rect.right - rect.left), std::max(whole.width, 1));
+  };
+  const auto y = [&](int row) {
+    return rect.top + ::MulDiv(row, static_cast<int>(rect.bottom - rect.top), std::max(whole.height, 1));
+  };
+  const PixelRect& surface = layout.surface;
+  const RECT area{x(surface.left), y(surface.top), x(surface.Right()), y(surface.Bottom())};
+  parts.surface.Steps().DrawTo(target, area, {surface.width, surface.height});
+}
+
 }  // namespace
 
 void DrawControlPicture(HDC target, const RECT& rect, const PictureParts& parts) {
@@ -117,6 +138,7 @@ void DrawControlPicture(HDC target, const RECT& rect, const PictureParts& parts)
     DrawFace(canvas.Context(), layout, parts);
   }
   canvas.StretchTo(target, rect);
+  if (WantsLines(target) && parts.surface.Steps().IsComplete()) DrawLines(target, rect, size, layout, parts);
 }
 
 }  // namespace plotvane::control::win32

@@ -79,6 +79,7 @@ void GdiSurface::Paint(HDC target, const RECT& area) noexcept {
 }
 
 void GdiSurface::Clear() {
+  mSteps.Clear();
   FillBackground(mWidth, mHeight);
   Invalidate();
 }
@@ -103,6 +104,7 @@ void GdiSurface::Line(graph::PixelPoint from, graph::PixelPoint to) {
 }
 
 void GdiSurface::DrawPixel(graph::PixelPoint point, COLORREF colour) {
+  mSteps.AddPixel(point, colour, mPenWidth);
   if (mPenWidth > 1) {
     DrawDisc(point, colour);
   } else {
@@ -113,6 +115,7 @@ void GdiSurface::DrawPixel(graph::PixelPoint point, COLORREF colour) {
 
 // A stroke of no length is its round cap; not every version of the system draws one by itself.
 void GdiSurface::DrawLine(graph::PixelPoint from, graph::PixelPoint to, COLORREF colour) {
+  mSteps.AddLine(from, to, colour, mPenWidth);
   if (mPenWidth > 1 && from == to) {
     DrawDisc(from, colour);
   } else {
@@ -172,6 +175,7 @@ void GdiSurface::SetPointer(graph::PointerKind kind) {
 }
 
 std::int32_t GdiSurface::DeviceContext() {
+  mSteps.GiveUp();
   const auto handle = reinterpret_cast<std::uintptr_t>(mContext.get());
   return static_cast<std::int32_t>(static_cast<std::uint32_t>(handle));
 }

@@ -9,6 +9,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "control/win32/display_list.h"
 #include "graph/drawing_surface.h"
 
 namespace plotvane::control::win32 {
@@ -40,6 +41,9 @@ class GdiSurface : public graph::DrawingSurface {
 
   [[nodiscard]] HDC Context() const noexcept { return mContext.get(); }
   [[nodiscard]] HBITMAP Bitmap() const noexcept { return mBitmap.get(); }
+
+  // The same picture step by step, for targets that want lines.
+  [[nodiscard]] const DisplayList& Steps() const noexcept { return mSteps; }
 
   // graph::DrawingSurface
   void Clear() override;
@@ -83,6 +87,7 @@ class GdiSurface : public graph::DrawingSurface {
   MemoryContext mContext;
   HGDIOBJ mFirstBitmap = nullptr;  // what the context held when it was made
   HGDIOBJ mFirstPen = nullptr;
+  DisplayList mSteps;
   std::int32_t mWidth = 0;
   std::int32_t mHeight = 0;
   std::int16_t mPenWidth = 1;

@@ -45,6 +45,14 @@ struct CursorTrait {
   using Handle = HCURSOR;
   static void Destroy(Handle cursor) noexcept { ::DestroyCursor(cursor); }
 };
+struct PenTrait {
+  using Handle = HPEN;
+  static void Destroy(Handle pen) noexcept { ::DeleteObject(pen); }
+};
+struct BrushTrait {
+  using Handle = HBRUSH;
+  static void Destroy(Handle brush) noexcept { ::DeleteObject(brush); }
+};
 struct RegionTrait {
   using Handle = HRGN;
   static void Destroy(Handle region) noexcept { ::DeleteObject(region); }
@@ -69,6 +77,8 @@ struct HookTrait {
 using OwnedFont = Owned<FontTrait>;
 using OwnedMenu = Owned<MenuTrait>;
 using OwnedCursor = Owned<CursorTrait>;
+using OwnedPen = Owned<PenTrait>;
+using OwnedBrush = Owned<BrushTrait>;
 using OwnedRegion = Owned<RegionTrait>;
 using OwnedBitmap = Owned<BitmapTrait>;
 using OwnedMemoryContext = Owned<MemoryContextTrait>;

@@ -261,11 +261,16 @@ TEST_F(Hosting, the_data_object_gives_metafiles_and_a_bitmap) {
   FORMATETC format{CF_ENHMETAFILE, nullptr, DVASPECT_CONTENT, -1, TYMED_ENHMF};
   STGMEDIUM medium{};
   EXPECT_EQ(data->QueryGetData(&format), S_OK);
+  const auto function = MakeFunction("sin(x)");
+  Variant array = ArrayOf({function.Get()});
+  ASSERT_EQ(graph->SetYArray(&array.Get(), nullptr), S_OK);
   ASSERT_EQ(data->GetData(&format, &medium), S_OK);
   ASSERT_EQ(medium.tymed, static_cast<DWORD>(TYMED_ENHMF));
   std::array<int, 256> records{};
   ::EnumEnhMetaFile(nullptr, medium.hEnhMetaFile, reinterpret_cast<ENHMFENUMPROC>(CountRecords), &records,
                     nullptr);
+  // The curve and the axes are lines, not only pixels.
+  EXPECT_GT(records[EMR_LINETO] + records[EMR_POLYLINE16] + records[EMR_POLYLINE], 300);
   ::ReleaseStgMedium(&medium);
 
   format.cfFormat = CF_METAFILEPICT;

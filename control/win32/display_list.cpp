@@ -1,0 +1,122 @@
+#include "control/win32/display_list.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "control/win32/handles.h"
+
+namespace plotvane::control::win32 {
+
+namespace {
+
+// From pixels of the surface to logical units of a target. A metafile's transform does the rest.
+class Scale {
+ public:
+  Scale(const RECT& area, PixelSize size) noexcept
+      : mArea(area), mSize{std::max(size.width, 1), std::max(size.height, 1)} {}
+
+  [[nodiscard]] int X(int column) const noexcept {
+    return static_cast<int>(mArea.left) +
+           ::MulDiv(column, static_cast<int>(mArea.right - mArea.left), mSize.width);
+  }
+  [[nodiscard]] int Y(int row) const noexcept {
+    return static_cast<int>(mArea.top) +
+           ::MulDiv(row, static_cast<int>(mArea.bottom - mArea.top), mSize.height);
+  }
+  [[nodiscard]] int Length(int pixels) const noexcept { return std::max(X(pixels) - X(0), 1); }
+
+ private:
+  RECT mArea;
+  PixelSize mSize;
+};
+
+// The state of a device context, given back at the end.
+class SavedContext {
+ public:
+  explicit SavedContext(HDC context) noexcept : mContext(context), mState(::SaveDC(context)) {}
+  ~SavedContext() { ::RestoreDC(mContext, mState); }
+  SavedContext(const SavedContext&) = delete;
+  SavedContext& operator=(const SavedContext&) = delete;
+
+ private:
+  HDC mContext;
+  int mState;
+};
+
+void FillBox(HDC target, const RECT& box, COLORREF colour) {
+  const OwnedBrush brush(::CreateSolidBrush(colour));
+  ::FillRect(target, &box, brush.Get());
+}
+
+void DrawDot(HDC target, const Scale& scale, graph::PixelPoint point, COLORREF colour, int penWidth) {
+  const RECT box{scale.X(point.x - penWidth / 2), scale.Y(point.y - penWidth / 2),
+                 std::max(scale.X(point.x - penWidth / 2 + penWidth), scale.X(point.x - penWidth / 2) + 1),
+                 std::max(scale.Y(point.y - penWidth / 2 + penWidth), scale.Y(point.y - penWidth / 2) + 1)};
+  if (penWidth == 1) {
+    FillBox(target, box, colour);
+    return;
+  }
+  const OwnedBrush brush(::CreateSolidBrush(colour));
+  const HGDIOBJ oldBrush = ::SelectObject(target, brush.Get());
+  const HGDIOBJ oldPen = ::SelectObject(target, ::GetStockObject(NULL_PEN));
+  ::Ellipse(target, box.left, box.top, box.right, box.bottom);
+  ::SelectObject(target, oldPen);
+  ::SelectObject(target, oldBrush);
+}
+
+}  // namespace
+
+void DisplayList::Clear() noexcept {
+  mSteps.clear();
+  mComplete = true;
+}
+
+void DisplayList::GiveUp() noexcept {
+  mSteps.clear();
+  mComplete = false;
+}
+
+void DisplayList::AddPixel(graph::PixelPoint point, COLORREF colour, std::int16_t penWidth) {
+  Add({point, point, colour, penWidth, false});
+}
+
+void DisplayList::AddLine(graph::PixelPoint from, graph::PixelPoint to, COLORREF colour,
+                          std::int16_t penWidth) {
+  Add({from, to, colour, penWidth, true});
+}
+
+void DisplayList::Add(const Step& step) {
+  if (!mComplete) return;
+  if (mSteps.size() == kMostSteps) {
+    GiveUp();
+  } else {
+    mSteps.push_back(step);
+  }
+}
+
+void DisplayList::DrawTo(HDC target, const RECT& area, PixelSize size) const {
+  const SavedContext saved(target);
+  ::IntersectClipRect(target, area.left, area.top, area.right, area.bottom);
+  FillBox(target, area, ::GetSysColor(COLOR_WINDOW));
+  const Scale scale(area, size);
+  OwnedPen pen;
+  const Step* last = nullptr;
+  for (const Step& step : mSteps) {
+    const int width = std::max<int>(step.penWidth, 1);
+    if (!step.isLine) {
+      DrawDot(target, scale, step.from, step.colour, width);
+      continue;
+    }
+    if (last == nullptr || last->colour != step.colour || last->penWidth != step.penWidth) {
+      OwnedPen next(::CreatePen(PS_SOLID, scale.Length(width), step.colour));
+      ::SelectObject(target, next.Get());
+      pen = std::move(next);
+    }
+    last = &step;
+    ::MoveToEx(target, scale.X(step.from.x), scale.Y(step.from.y), nullptr);
+    ::LineTo(target, scale.X(step.to.x), scale.Y(step.to.y));
+  }
+  ::SelectObject(target, ::GetStockObject(BLACK_PEN));
+}
+
+}  // namespace plotvane::control::win32
