@@ -212,14 +212,18 @@ TEST_P(Callback, ends_in_a_defined_way) {
     Variant table(host.table.Get());
     ASSERT_EQ(host.graph->putref_VarTable(&table.Get()), S_OK);
     ASSERT_EQ(host.graph->putref_PIC(host.surface.Get()), S_OK);
+    // The first resize keeps its errors to itself; it is over before the action waits.
+    LONG width = 0;
+    const bool asksSize = std::string(kPlaces[place].name) == "ScaleWidth";
+    if (!asksSize) {
+      ASSERT_EQ(host.graph->GetGraphWidth(&width), S_OK);
+    }
     const auto run = kActions[action].run;
     kPlaces[place].arm(host, [&] {
       if (runs++ == 0) run(host);
     });
     // The call itself runs on a borrowed pointer: the host's own reference may go inside it.
     Variant array = ArrayOf({host.function.Get()});
-    LONG width = 0;
-    const bool asksSize = std::string(kPlaces[place].name) == "ScaleWidth";
     const HRESULT status = asksSize ? host.graph.Get()->GetGraphWidth(&width)
                                     : host.graph.Get()->SetYArray(&array.Get(), nullptr);
     EXPECT_GE(runs, 1) << "the place was not reached";
