@@ -76,6 +76,14 @@ Variant HostObject::State::Invoke(std::size_t member, WORD kinds, DISPPARAMS& ar
   return result;
 }
 
+namespace {
+
+bool IsMissingMember(const HostError& error) {
+  return error.Number() == static_cast<std::int32_t>(platform::StandardError::MemberNotFound);
+}
+
+}  // namespace
+
 HostObject::HostObject(ComPtr<IDispatch> object, Names names)
     : mState(std::make_shared<State>(std::move(object), names)) {}
 
@@ -96,7 +104,14 @@ bool HostObject::Has(std::size_t member) const {
 Variant HostObject::Read(std::size_t member) const {
   const auto state = mState;
   DISPPARAMS none{};
-  return state->Invoke(member, DISPATCH_PROPERTYGET | DISPATCH_METHOD, none);
+  // A property first: some script engines would call a value as if it were a method when they hear of one. An
+  // object that has a method without parameters in its place is as good.
+  try {
+    return state->Invoke(member, DISPATCH_PROPERTYGET, none);
+  } catch (const HostError& error) {
+    if (!IsMissingMember(error)) throw;
+  }
+  return state->Invoke(member, DISPATCH_METHOD, none);
 }
 
 void HostObject::Write(std::size_t member, const Variant& value) const {

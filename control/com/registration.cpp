@@ -142,6 +142,8 @@ bool OtherPlatformIsRegistered(HKEY classes) {
 
 std::vector<RegistryEntry> RegistryEntries(const std::wstring& path) {
   std::vector<RegistryEntry> entries;
+  // A user who never registered anything has none of these.
+  for (const wchar_t* parent : {L"CLSID", L"TypeLib", L"Interface"}) entries.push_back({parent, L"", L"", true});
   entries.push_back({kProgId, L"", kName, true});
   entries.push_back({std::wstring(kProgId) + L"\\CLSID", L"", GuidText(CLSID_Graph), true});
   AddClass(entries, path);

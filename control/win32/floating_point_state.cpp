@@ -16,6 +16,16 @@ thread_local OwnFloatingPoint* innermost = nullptr;
 // MXCSR after a reset: all traps masked, nearest, no flushing of subnormal numbers, no flags.
 constexpr unsigned kVectorState = 0x1F80;
 
+void Save(FloatingPointState& state) noexcept {
+  std::fegetenv(&state.environment);
+  state.vectorState = ::_mm_getcsr();
+}
+
+void Restore(const FloatingPointState& state) noexcept {
+  std::fesetenv(&state.environment);
+  ::_mm_setcsr(state.vectorState);
+}
+
 void SetOwnState() noexcept {
   std::fenv_t ignored;
   std::feholdexcept(&ignored);
@@ -29,7 +39,7 @@ void SetOwnState() noexcept {
 
 OwnFloatingPoint::OwnFloatingPoint() noexcept : mOutermost(innermost == nullptr) {
   if (!mOutermost) return;
-  std::fegetenv(&mHost);
+  Save(mHost);
   innermost = this;
   SetOwnState();
 }
@@ -37,18 +47,18 @@ OwnFloatingPoint::OwnFloatingPoint() noexcept : mOutermost(innermost == nullptr)
 OwnFloatingPoint::~OwnFloatingPoint() {
   if (!mOutermost) return;
   innermost = nullptr;
-  std::fesetenv(&mHost);
+  Restore(mHost);
 }
 
 HostFloatingPoint::HostFloatingPoint() noexcept : mEntry(std::exchange(innermost, nullptr)) {
-  if (mEntry != nullptr) std::fesetenv(&mEntry->mHost);
+  if (mEntry != nullptr) Restore(mEntry->mHost);
 }
 
 HostFloatingPoint::~HostFloatingPoint() {
   innermost = mEntry;
   if (mEntry == nullptr) return;
   // What the host changed for itself during the call is its new state.
-  std::fegetenv(&mEntry->mHost);
+  Save(mEntry->mHost);
   SetOwnState();
 }
 

@@ -9,6 +9,12 @@
 
 namespace plotvane::control::win32 {
 
+// Both units of the processor: the standard's environment covers only one of them in some run-time libraries.
+struct FloatingPointState {
+  std::fenv_t environment;
+  unsigned vectorState;
+};
+
 // For the time of its life: all traps masked, rounding to nearest, 53 bits, subnormal numbers kept. One
 // inside another changes nothing, unless the host's code runs between them.
 class OwnFloatingPoint {
@@ -20,7 +26,7 @@ class OwnFloatingPoint {
 
  private:
   friend class HostFloatingPoint;
-  std::fenv_t mHost;
+  FloatingPointState mHost;
   bool mOutermost;
 };
 
