@@ -20,6 +20,7 @@ std::unique_ptr<clsExp> MakePrivateObject(const clsExp& caller,
   auto object = std::make_unique<clsExp>();
   object->SetVarTable(caller.GetVarTable());
   object->SetRadianMode(caller.GetRadianMode());
+  object->SetStopFlag(caller.GetStopFlag());
   object->ErrObj().GraphMode = true;
   object->SetAcceptNumericResultOnly(true);
   object->SetCompiledReplay(caller.GetCompiledReplay());

@@ -30,7 +30,7 @@ struct CalculusNumbers {
 };
 
 // The expression object in which an operation of `caller` evaluates: it shares the variable table and has the
-// angle mode of the caller, tolerates the errors that a graph tolerates, accepts numeric results only, and
+// angle mode and the stop flag of the caller, tolerates the errors that a graph tolerates, accepts numeric results only, and
 // has `expression` installed for replays.
 [[nodiscard]] std::unique_ptr<clsExp> MakePrivateObject(const clsExp& caller,
                                                         std::shared_ptr<clsPreParsedExpression> expression);

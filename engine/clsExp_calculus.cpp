@@ -20,7 +20,10 @@ bool clsExp::RunCalculus(functions::Operation operation, std::shared_ptr<clsPreP
   Curve curve(*object, variable);
   platform::Value value;
   while (made->NextPoint()) {
-    if (object->EvaluateCurrentPreParsedExpression(value)) {
+    if (StopRequested()) {  // a compiled replay does not ask
+      made->TakeFailure(false);
+      mState->reader.Raise(StandardError::UserInterrupt);
+    } else if (object->EvaluateCurrentPreParsedExpression(value)) {
       made->Take(value.ToNumber().Get());
     } else {
       made->TakeFailure(object->ErrObj().WasOkGraphErr);

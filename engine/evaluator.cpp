@@ -57,6 +57,7 @@ void Evaluator::BeginLine(clsExp& expression, bool wholeLine) {
     expression.PreEvalInitiate();
     mReader->Next();
   }
+  if (expression.StopRequested()) mReader->Raise(StandardError::UserInterrupt);
   mLines.push_back({mExpression, mReader, mLevels.size(), mArguments.size(), wholeLine, 0, Value(), {}});
   BeginLevel(kStatementLevel);
 }

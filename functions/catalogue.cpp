@@ -2,17 +2,17 @@
 
 #include <optional>
 
+#include "platform/ascii.h"
+
 namespace plotvane::functions {
 
 namespace {
 
+using platform::LowerCase;
+
 constexpr std::size_t kLongestName = std::ranges::max(kCatalogue, {}, [](const Function& function) {
                                        return function.name.size();
                                      }).name.size();
-
-constexpr char LowerCase(char character) noexcept {
-  return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-}
 
 // A perfect hash: FNV-1a over the lower-cased name from the first start value under which no two names of the
 // catalogue share a slot.
@@ -79,7 +79,7 @@ const Function* FindFunction(std::string_view name) noexcept {
   const std::uint8_t slot = kIndex.slots[Slot(name, kIndex.start)];
   if (slot == kEmptySlot) return nullptr;
   const Function& function = kCatalogue[slot];
-  return std::ranges::equal(name, function.name, {}, LowerCase) ? &function : nullptr;
+  return platform::EqualIgnoringCase(name, function.name) ? &function : nullptr;
 }
 
 std::string CallForm(const Function& function) {

@@ -107,6 +107,12 @@ void clsNodeTable::CollectFlags(std::span<const platform::Value> flagTypes) {
   Collect(types);
 }
 
+std::vector<std::string> clsNodeTable::Ids() const {
+  std::vector<std::string> ids;
+  for (const auto& node : mIndex) ids.push_back(node->Id);
+  return ids;
+}
+
 void clsNodeTable::SaveToFile(std::string_view path) {
   platform::ScopedFile file(path, platform::FileMode::Output);
   for (auto node = mIndex.rbegin(); node != mIndex.rend(); ++node) (*node)->SaveDataToOpenFile(file.Number());

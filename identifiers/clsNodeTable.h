@@ -79,6 +79,9 @@ class clsNodeTable {
   void FindRightFoot(clsExNode& start);
   void FindLeftFoot(clsExNode& start);
 
+  // The Ids of all nodes as they are spelled, ascending by key.
+  [[nodiscard]] std::vector<std::string> Ids() const;
+
   // Diagnostics: the keys of a subtree, one on each line, ascending (D) or descending (A).
   [[nodiscard]] std::string DebugDispNodeD(const clsExNode& start) const;
   [[nodiscard]] std::string DebugDispNodeA(const clsExNode& start) const;

@@ -19,6 +19,7 @@ constexpr std::array kTexts{
     Entry{StandardError::SubscriptOutOfRange, "Subscript out of range"},
     Entry{StandardError::DivisionByZero, "Division by zero"},
     Entry{StandardError::TypeMismatch, "Type mismatch"},
+    Entry{StandardError::UserInterrupt, "User interrupt occurred"},
     Entry{StandardError::OutOfStackSpace, "Out of stack space"},
     Entry{StandardError::BadFileNumber, "Bad file name or number"},
     Entry{StandardError::FileNotFound, "File not found"},

@@ -16,6 +16,7 @@ enum class StandardError : std::int32_t {
   SubscriptOutOfRange = 9,  // index outside an array
   DivisionByZero = 11,      // 0/0, "mod" and "\" by zero, 0 raised to a negative power
   TypeMismatch = 13,        // a text where a number is needed
+  UserInterrupt = 18,       // the user had the work stopped
   OutOfStackSpace = 28,     // nesting too deep to go on
   BadFileNumber = 52,
   FileNotFound = 53,

@@ -8,9 +8,13 @@
 #include <vector>
 
 #include "engine/clsExp.h"
+#include "functions/catalogue.h"
 #include "hosts/terminal/calc_report.h"
 #include "hosts/terminal/exit_status.h"
+#include "hosts/terminal/function_help.h"
+#include "hosts/terminal/interrupt.h"
 #include "hosts/terminal/line_input.h"
+#include "hosts/terminal/progress.h"
 #include "identifiers/clsVarTable.h"
 #include "platform/runtime_error.h"
 #include "platform/safe_save.h"
@@ -38,6 +42,7 @@ class Calculator {
   // RunTimeError when a file cannot be read.
   explicit Calculator(const CalcOptions& options) : mReport(options.report), mReplay(options.replay) {
     mExpression.SetVarTable(mTable);
+    mExpression.SetStopFlag(&InterruptFlag());
     if (options.chemistry) mTable->LoadOriginalChemData();
     if (!options.variables.empty()) LoadVariables(options.variables);
     mExpression.SetFormatMode(options.mode);
@@ -49,12 +54,19 @@ class Calculator {
 
   void Calculate(const std::string& line) {
     platform::Value result;
-    if (Evaluate(line, result)) {
+    if (EvaluateWithNote(line, result)) {
       ReportResult(std::cout, mReport, result.ToText());
     } else {
       ReportFailure(std::cout, std::cerr, mReport, mExpression.ErrObj());
       mAllWell = false;
     }
+  }
+
+  // Of all functions and identifiers.
+  [[nodiscard]] std::vector<std::string> Names() const {
+    std::vector<std::string> names = mTable->Records().Ids();
+    for (const functions::Function& function : functions::kCatalogue) names.emplace_back(function.name);
+    return names;
   }
 
   // Saves the ordinary variables. RunTimeError when they cannot be written; the old file then stays as it is.
@@ -76,6 +88,11 @@ class Calculator {
     }
   }
 
+  bool EvaluateWithNote(const std::string& line, platform::Value& result) {
+    const Progress::Work work(mProgress);
+    return Evaluate(line, result);
+  }
+
   bool Evaluate(const std::string& line, platform::Value& result) {
     if (!mReplay) return mExpression.Evaluate(line, result);
     mExpression.EvaluateThenSavePreParsedExpression(line, result);
@@ -84,19 +101,41 @@ class Calculator {
 
   std::shared_ptr<identifiers::clsVarTable> mTable = std::make_shared<identifiers::clsVarTable>();
   engine::clsExp mExpression;
+  Progress mProgress;
   ReportForm mReport;
   bool mReplay;
   bool mAllWell = true;
 };
 
+// An interrupt stops the line that is being calculated; the user goes on with the next.
+void CalculateTyped(Calculator& calculator, const std::string& line) {
+  TakeInterrupt();
+  if (const auto help = HelpFor(line)) {
+    std::cout << *help;
+  } else {
+    calculator.Calculate(line);
+  }
+}
+
+// An interrupt ends the whole run.
+void CalculateGiven(Calculator& calculator, const std::string& line) {
+  ThrowIfInterrupted();
+  calculator.Calculate(line);
+  ThrowIfInterrupted();
+}
+
+void CalculateInput(Calculator& calculator) {
+  const auto input = OpenLineInput([&calculator] { return calculator.Names(); });
+  const auto calculate = input->IsTerminal() ? CalculateTyped : CalculateGiven;
+  while (const auto line = input->Next()) calculate(calculator, *line);
+  if (!input->IsTerminal()) ThrowIfInterrupted();  // while it waited for a line
+}
+
 int RunCalc(const CalcOptions& options) {
   try {
     Calculator calculator(options);
-    if (options.expressions.empty()) {
-      const auto input = OpenLineInput();
-      while (const auto line = input->Next()) calculator.Calculate(*line);
-    }
-    for (const std::string& expression : options.expressions) calculator.Calculate(expression);
+    if (options.expressions.empty()) CalculateInput(calculator);
+    for (const std::string& expression : options.expressions) CalculateGiven(calculator, expression);
     if (!options.variables.empty()) calculator.SaveVariables(options.variables);
     std::cout.flush();
     return std::cout ? calculator.Status() : kSomethingFailed;
@@ -119,12 +158,12 @@ void AddCalcCommand(CLI::App& program, int& status) {
   command->add_flag("--degrees", options->degrees, "Angles in degrees instead of radians");
   command
       ->add_option("--variables", options->variables,
-                   "Load identifiers from a file, save the variables to it")
+                   "Load variables from a file before, save them to it after")
       ->type_name("FILE");
   command->add_flag("--chem", options->chemistry, "Know the symbols of the chemical elements");
   const std::map<std::string, ReportForm> forms{{"text", ReportForm::Text}, {"tsv", ReportForm::Tsv}};
   command->add_option("--report", options->report, "text, or tsv: ok and the result, err and the error")
-      ->transform(CLI::CheckedTransformer(forms, CLI::ignore_case))
+      ->transform(CLI::CheckedTransformer(forms, CLI::ignore_case).description(""))
       ->type_name("FORM");
   command->add_flag("--numeric", options->numeric, "Accept numeric results only");
   command->add_flag("--graph", options->graph, "Tolerate errors as a graph does");

@@ -4,6 +4,7 @@
 
 #include "functions/errors.h"
 #include "hosts/terminal/calc_report.h"
+#include "hosts/terminal/interrupt.h"
 #include "platform/runtime_error.h"
 #include "platform/value.h"
 
@@ -15,6 +16,7 @@ using platform::Value;
 Equation::Equation(std::string text, bool degrees)
     : mText(std::move(text)), mExpression(std::make_unique<engine::clsExp>()) {
   mExpression->CreateNewVarTable();
+  mExpression->SetStopFlag(&InterruptFlag());
   mExpression->SetDegreeMode(degrees);
   mExpression->SetAcceptNumericResultOnly(true);
 }
@@ -25,6 +27,7 @@ std::optional<double> Equation::At(double x) {
   Value value;
   const bool defined = mRecorded ? mExpression->EvaluateCurrentPreParsedExpression(value)
                                  : mExpression->EvaluateThenSavePreParsedExpression(mText, value);
+  ThrowIfInterrupted();
   mRecorded = mRecorded || defined;
   const platform::Outcome<double> number = value.ToNumber();
   if (!defined || !number.Ok()) return std::nullopt;

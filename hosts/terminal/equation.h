@@ -17,8 +17,8 @@ class Equation {
 
   [[nodiscard]] const std::string& Text() const noexcept { return mText; }
 
-  // The value at x; nothing where it is undefined. Recorded at the first x that allows it, replayed
-  // afterwards.
+  // The value at x; nothing where it is undefined, and Interrupted after Ctrl-C. Recorded at the first x that
+  // allows it, replayed afterwards.
   [[nodiscard]] std::optional<double> At(double x);
 
   // After a failure: whether its cause is the equation itself (syntax, an unknown name, …) and not the value

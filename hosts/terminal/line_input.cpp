@@ -6,6 +6,10 @@
 #include <cstdio>
 #include <iostream>
 #include <string_view>
+#include <utility>
+
+#include "hosts/terminal/completion.h"
+#include "hosts/terminal/interrupt.h"
 
 namespace plotvane::terminal {
 
@@ -24,6 +28,8 @@ class StreamInput : public LineInput {
     if (!std::getline(std::cin, line)) return std::nullopt;
     return WithoutLineEnd(line);
   }
+
+  bool IsTerminal() const noexcept override { return false; }
 };
 
 char* Prompt(EditLine*) {
@@ -31,27 +37,49 @@ char* Prompt(EditLine*) {
   return prompt;
 }
 
-// Line editing and history of this session.
+// Where the editor shows itself: results alone go to a standard output that is a file.
+std::FILE* Screen() {
+  return ::isatty(STDOUT_FILENO) == 1 ? stdout : stderr;
+}
+
+// Ctrl-C ends the reading of a line, which then begins afresh.
 class TerminalInput : public LineInput {
  public:
-  TerminalInput() : mHistory(::history_init()), mEditor(::el_init("plotvane", stdin, stdout, stderr)) {
+  explicit TerminalInput(std::function<std::vector<std::string>()> names)
+      : mNames(std::move(names)),
+        mHistory(::history_init()),
+        mEditor(::el_init("plotvane", stdin, Screen(), stderr)) {
     HistEvent event{};
     ::history(mHistory.get(), &event, H_SETSIZE, 1000);
-    ::el_set(mEditor.get(), EL_PROMPT, &Prompt);
-    ::el_set(mEditor.get(), EL_EDITOR, "emacs");
-    ::el_set(mEditor.get(), EL_HIST, ::history, mHistory.get());
-    ::el_source(mEditor.get(), nullptr);
+    ::history(mHistory.get(), &event, H_SETUNIQUE, 1);
+    EditLine* const editor = mEditor.get();
+    ::el_set(editor, EL_CLIENTDATA, this);
+    ::el_set(editor, EL_PROMPT, &Prompt);
+    ::el_set(editor, EL_EDITOR, "emacs");
+    ::el_set(editor, EL_HIST, ::history, mHistory.get());
+    ::el_set(editor, EL_ADDFN, "complete-name", "Complete the name before the cursor", &CompleteName);
+    ::el_set(editor, EL_BIND, "^I", "complete-name", nullptr);
+    ::el_source(editor, nullptr);
   }
 
   std::optional<std::string> Next() override {
     int count = 0;
     const char* line = ::el_gets(mEditor.get(), &count);
-    if (line == nullptr || count <= 0) return std::nullopt;
+    while (line == nullptr && TakeInterrupt()) {
+      Show("^C\n");
+      line = ::el_gets(mEditor.get(), &count);
+    }
+    if (line == nullptr || count <= 0) {
+      Show("\n");
+      return std::nullopt;
+    }
     std::string text = WithoutLineEnd({line, static_cast<std::size_t>(count)});
     HistEvent event{};
     if (!text.empty()) ::history(mHistory.get(), &event, H_ENTER, text.c_str());
     return text;
   }
+
+  bool IsTerminal() const noexcept override { return true; }
 
  private:
   struct EndHistory {
@@ -61,14 +89,42 @@ class TerminalInput : public LineInput {
     void operator()(EditLine* editor) const noexcept { ::el_end(editor); }
   };
 
+  static TerminalInput& Of(EditLine* editor) {
+    void* self = nullptr;
+    ::el_get(editor, EL_CLIENTDATA, &self);
+    return *static_cast<TerminalInput*>(self);
+  }
+
+  static unsigned char CompleteName(EditLine* editor, int) {
+    const LineInfo* line = ::el_line(editor);
+    const std::string_view typed(line->buffer, static_cast<std::size_t>(line->cursor - line->buffer));
+    const Completion completion = Complete(typed, Of(editor).mNames());
+    if (completion.choices.empty()) return CC_ERROR;
+    if (!completion.rest.empty()) {
+      ::el_insertstr(editor, completion.rest.c_str());
+      return CC_REFRESH;
+    }
+    if (completion.choices.size() == 1) return CC_NORM;
+    Show("\n");
+    for (const std::string& choice : completion.choices) Show(choice + "  ");
+    Show("\n");
+    return CC_REDISPLAY;
+  }
+
+  static void Show(const std::string& text) {
+    std::fputs(text.c_str(), Screen());
+    std::fflush(Screen());
+  }
+
+  std::function<std::vector<std::string>()> mNames;
   std::unique_ptr<History, EndHistory> mHistory;
   std::unique_ptr<EditLine, EndEditor> mEditor;
 };
 
 }  // namespace
 
-std::unique_ptr<LineInput> OpenLineInput() {
-  if (::isatty(STDIN_FILENO) == 1) return std::make_unique<TerminalInput>();
+std::unique_ptr<LineInput> OpenLineInput(std::function<std::vector<std::string>()> names) {
+  if (::isatty(STDIN_FILENO) == 1) return std::make_unique<TerminalInput>(std::move(names));
   return std::make_unique<StreamInput>();
 }
 

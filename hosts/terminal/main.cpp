@@ -4,6 +4,7 @@
 
 #include "hosts/terminal/calc_command.h"
 #include "hosts/terminal/exit_status.h"
+#include "hosts/terminal/interrupt.h"
 #include "hosts/terminal/plot_command.h"
 #include "hosts/terminal/table_command.h"
 
@@ -25,10 +26,13 @@ int main(int argc, char** argv) {
   plotvane::terminal::AddCalcCommand(program, status);
   plotvane::terminal::AddPlotCommand(program, status);
   plotvane::terminal::AddTableCommand(program, status);
+  plotvane::terminal::WatchForInterrupts();
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     return Explain(program, error);
+  } catch (const plotvane::terminal::Interrupted&) {
+    return plotvane::terminal::kInterrupted;
   }
   return status;
 }

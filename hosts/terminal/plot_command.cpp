@@ -16,9 +16,11 @@
 #include "graph/raster_surface.h"
 #include "hosts/terminal/equation_check.h"
 #include "hosts/terminal/exit_status.h"
+#include "hosts/terminal/interrupt.h"
 #include "hosts/terminal/number_list.h"
 #include "hosts/terminal/output_file.h"
 #include "hosts/terminal/png_file.h"
+#include "hosts/terminal/progress.h"
 #include "hosts/terminal/silent_frame.h"
 #include "hosts/terminal/svg_surface.h"
 #include "platform/safe_save.h"
@@ -84,6 +86,7 @@ class Plot {
   Plot(const PlotOptions& options, std::shared_ptr<graph::DrawingSurface> surface)
       : mGraph(mExpression, mFrame) {
     mExpression.CreateNewVarTable();
+    mExpression.SetStopFlag(&InterruptFlag());
     mGraph.PIC = std::move(surface);
     mGraph.SetPenWidth(static_cast<std::int16_t>(options.pen));
     mGraph.SetDegreeMode(options.degrees);
@@ -99,6 +102,7 @@ class Plot {
 
   [[nodiscard]] const GraphEngine& Graph() const noexcept { return mGraph; }
 
+  // Throws Interrupted after Ctrl-C.
   void Draw(const PlotOptions& options) {
     std::vector<std::shared_ptr<graph::YFunction>> functions;
     for (const std::string& equation : options.equations) {
@@ -109,6 +113,7 @@ class Plot {
       functions.push_back(std::move(function));
     }
     mGraph.SetYArray(std::move(functions));
+    ThrowIfInterrupted();
   }
 
  private:
@@ -155,6 +160,8 @@ void WriteSvg(const SvgSurface& surface, const std::string& path) {
 template <typename Surface, typename WriteSurface>
 void DrawInto(const PlotOptions& options, WriteSurface write) {
   const PixelSize size = ReadSize(options.size);
+  Progress progress;
+  const Progress::Work work(progress);
   const auto surface = std::make_shared<Surface>(size.width, size.height);
   Plot plot(options, surface);
   CheckEquations(options.equations, options.degrees, plot.Graph().Xmin, plot.Graph().Xmax);
@@ -195,13 +202,15 @@ void AddPlotCommand(CLI::App& program, int& status) {
       ->required()
       ->type_name("FILE");
   CLI::Option* range =
-      command->add_option("--range", options->range, "The edges")->type_name("XMIN,XMAX,YMIN,YMAX");
+      command
+          ->add_option("--range", options->range, "The part of the plane to show; -10,10,-10,10 without it")
+          ->type_name("XMIN,XMAX,YMIN,YMAX");
   const std::map<std::string, Zoom> zooms{{"standard", Zoom::Standard},
                                           {"trig", Zoom::Trig},
                                           {"integer", Zoom::Integer},
                                           {"decimal", Zoom::Decimal}};
   command->add_option("--zoom", options->zoom, "A preset range")
-      ->transform(CLI::CheckedTransformer(zooms, CLI::ignore_case))
+      ->transform(CLI::CheckedTransformer(zooms, CLI::ignore_case).description(""))
       ->type_name("standard|trig|integer|decimal")
       ->excludes(range);
   command->add_option("--scale", options->scale, "Distances between divisions")->type_name("XSCL,YSCL");

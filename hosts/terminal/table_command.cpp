@@ -1,5 +1,7 @@
 #include "hosts/terminal/table_command.h"
 
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
 #include <cmath>
 #include <cstdint>
@@ -13,6 +15,7 @@
 #include "hosts/terminal/equation_check.h"
 #include "hosts/terminal/exit_status.h"
 #include "hosts/terminal/number_list.h"
+#include "hosts/terminal/progress.h"
 #include "platform/number_text.h"
 #include "platform/runtime_error.h"
 
@@ -66,6 +69,9 @@ std::string Row(std::vector<Equation>& equations, double x) {
 
 int RunTable(const TableOptions& options) {
   const Rows rows = MakeRows(options);
+  Progress progress;
+  std::optional<Progress::Work> work;
+  if (::isatty(STDOUT_FILENO) != 1) work.emplace(progress);  // elsewhere the rows show it
   try {
     CheckEquations(options.equations, options.degrees, rows.from, rows.X(rows.last));
     std::vector<Equation> equations;

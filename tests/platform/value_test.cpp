@@ -104,6 +104,7 @@ TEST(SharedRandomGenerator, is_one_for_the_process) {
 TEST(StandardErrorText, names_the_catalogue_and_calls_all_else_application_defined) {
   EXPECT_EQ(StandardErrorText(5), "Invalid procedure call or argument");
   EXPECT_EQ(StandardErrorText(StandardError::DivisionByZero), "Division by zero");
+  EXPECT_EQ(StandardErrorText(StandardError::UserInterrupt), "User interrupt occurred");
   EXPECT_EQ(StandardErrorText(91), "Object variable or With block variable not set");
   EXPECT_EQ(StandardErrorText(438), "Object doesn't support this property or method");
   for (const int number : {0, 1, 8, 10, 439, -5, 513, 2147483647}) {
