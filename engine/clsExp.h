@@ -115,7 +115,8 @@ class clsExp {
   // While `*stop` is true every line ends at its beginning with standard error 18. So does each pass of a
   // calculus operation in progress, which then fails as after any error in its expression. The flag may be
   // set from another thread or by a signal handler, is only read here, and outlives its use; null (the
-  // default) for none. Replays by a compiled program do not ask: they are short and cannot loop.
+  // default) for none. A replay by a compiled program does not ask: it is short and cannot loop; blocks of
+  // them ask once each.
   void SetStopFlag(const std::atomic<bool>* stop) noexcept { mStop = stop; }
   [[nodiscard]] const std::atomic<bool>* GetStopFlag() const noexcept { return mStop; }
   [[nodiscard]] bool StopRequested() const noexcept {

@@ -46,7 +46,7 @@ class Curve {
   [[nodiscard]] std::size_t Block(std::span<const double> xs, std::span<double> ys);
 
   // The same, but stops before the first value that only the exact evaluator can give, too, and at once when
-  // there is no program that can run.
+  // there is no program that can run or a stop is requested (clsExp::SetStopFlag).
   [[nodiscard]] std::size_t CompiledBlock(std::span<const double> xs, std::span<double> ys);
 
   // Announces the values that At will be asked for next, in this order, so that they may be computed in

@@ -3,6 +3,8 @@
 
 #include <array>
 #include <atomic>
+#include <chrono>
+#include <thread>
 
 #include "identifiers/clsVarTable.h"
 #include "tests/engine/calculator.h"
@@ -47,6 +49,23 @@ TEST(Stop, ends_each_calculus_operation_at_its_next_pass) {
     calculator.expression.SetVarTable(std::make_shared<StoppingTable>("k", 100, stop));
     calculator.expression.SetStopFlag(&stop);
     EXPECT_EQ(calculator.Report(line), kStopped) << line;
+  }
+}
+
+TEST(Stop, ends_sums_that_are_carried_out_in_blocks) {
+  for (const std::string_view line : std::array{
+           std::string_view("ss(k,k,1,1e12)"),
+           std::string_view("di(k^2,k,0,1e9)"),
+       }) {
+    std::atomic<bool> stop{false};
+    Calculator calculator;
+    calculator.expression.SetStopFlag(&stop);
+    std::thread stopper([&stop] {
+      std::this_thread::sleep_for(std::chrono::milliseconds(20));
+      stop = true;
+    });
+    EXPECT_EQ(calculator.Report(line), kStopped) << line;
+    stopper.join();
   }
 }
 

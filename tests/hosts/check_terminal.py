@@ -172,7 +172,10 @@ class Interrupts(unittest.TestCase):
             process.stdin.flush()
         time.sleep(after)
         process.send_signal(signal.SIGINT)
-        process.wait(timeout=PATIENCE)
+        try:
+            process.wait(timeout=PATIENCE)
+        finally:
+            process.kill()
         output = process.stdout.read()
         for pipe in (process.stdin, process.stdout, process.stderr):
             if pipe:
