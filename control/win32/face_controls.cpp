@@ -73,6 +73,7 @@ void FaceControls::Create(HINSTANCE module, HWND parent, KeyboardFilter& filter)
 }
 
 void FaceControls::Forget() noexcept {
+  mTooltips.Destroy();
   for (const HWND control : mItems) RemoveFilter(control);
   for (const HWND box : {mSimple, mStatusBar1}) RemoveFilter(box);
   mItems = {};

@@ -26,23 +26,23 @@ void AddTo(HWND tooltips, HWND control, std::wstring& text) {
 void Tooltips::Create(HINSTANCE module, HWND parent) {
   const INITCOMMONCONTROLSEX classes{sizeof(INITCOMMONCONTROLSEX), ICC_BAR_CLASSES | ICC_UPDOWN_CLASS};
   ::InitCommonControlsEx(&classes);
-  mWindow = ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, L"", WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
-                              CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, parent, nullptr,
-                              module, nullptr);
-  ::SendMessageW(mWindow, TTM_SETMAXTIPWIDTH, 0, kWidestTooltip);
+  mWindow.Reset(::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, L"",
+                                  WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT,
+                                  CW_USEDEFAULT, CW_USEDEFAULT, parent, nullptr, module, nullptr));
+  ::SendMessageW(mWindow.Get(), TTM_SETMAXTIPWIDTH, 0, kWidestTooltip);
 }
 
 void Tooltips::Add(HWND control, std::string_view text) {
   if (text.empty() || control == nullptr) return;
   std::wstring wide = ToWide(text);
-  AddTo(mWindow, control, wide);
+  AddTo(mWindow.Get(), control, wide);
   COMBOBOXINFO combo{};
   combo.cbSize = sizeof combo;
   wchar_t className[16]{};
   ::GetClassNameW(control, className, 16);
   const bool isCombo = ::lstrcmpiW(className, WC_COMBOBOXW) == 0;
   if (isCombo && ::GetComboBoxInfo(control, &combo) && combo.hwndItem != nullptr)
-    AddTo(mWindow, combo.hwndItem, wide);
+    AddTo(mWindow.Get(), combo.hwndItem, wide);
 }
 
 }  // namespace plotvane::control::win32

@@ -367,6 +367,64 @@ TEST_F(Hosting, the_class_can_be_part_of_another_object) {
   EXPECT_EQ(xmin, -10);
 }
 
+// ---- Unloading ----
+
+BOOL CALLBACK CountWindow(HWND, LPARAM counter) {
+  ++*reinterpret_cast<int*>(counter);
+  return TRUE;
+}
+
+int WindowCount() {
+  int count = 0;
+  ::EnumThreadWindows(::GetCurrentThreadId(), &CountWindow, reinterpret_cast<LPARAM>(&count));
+  return count;
+}
+
+TEST(Unloading, the_library_leaves_and_comes_back) {
+  const Apartment apartment;
+  for (int round = 0; round < 5; ++round) {
+    {
+      const Library library;
+      HostWindow window;
+      const auto site = Make<StrictSite>(window.Get());
+      const auto graph = library.CreateGraph();
+      const auto object = As<IOleObject>(graph.Get());
+      object->SetClientSite(site.Get());
+      EXPECT_EQ(object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, site.Get(), 0, window.Get(), &site->position),
+                S_OK);
+      EXPECT_EQ(graph->ShowFormatEditor(), S_OK);
+      PumpMessages();
+      EXPECT_FALSE(library.CanUnload());
+      object->Close(OLECLOSE_NOSAVE);
+      object->SetClientSite(nullptr);
+    }
+    PumpMessages();
+    EXPECT_EQ(::GetModuleHandleW(L"Plotvane.ocx"), nullptr);
+  }
+}
+
+TEST(Unloading, a_thousand_windows_leave_nothing_behind) {
+  const Apartment apartment;
+  const Library library;
+  HostWindow window;
+  PumpMessages();
+  const int before = WindowCount();
+  for (int life = 0; life < 1000; ++life) {
+    const auto site = Make<StrictSite>(window.Get());
+    const auto graph = library.CreateGraph();
+    const auto object = As<IOleObject>(graph.Get());
+    object->SetClientSite(site.Get());
+    ASSERT_EQ(object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, site.Get(), 0, window.Get(), &site->position),
+              S_OK);
+    object->Close(OLECLOSE_NOSAVE);
+    object->SetClientSite(nullptr);
+  }
+  PumpMessages();
+  EXPECT_EQ(WindowCount(), before);
+  EXPECT_EQ(::GetWindow(window.Get(), GW_CHILD), nullptr);
+  EXPECT_TRUE(library.CanUnload());
+}
+
 // ---- Wine's own container ----
 
 class AtlHosting : public testing::TestWithParam<const wchar_t*> {};

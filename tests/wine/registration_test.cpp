@@ -147,5 +147,42 @@ TEST_P(Registration, leaves_the_control_of_the_other_bitness_usable) {
 INSTANTIATE_TEST_SUITE_P(Scopes, Registration, testing::Bool(),
                          [](const auto& scope) { return scope.param ? "user" : "machine"; });
 
+// ---- Without registration ----
+
+std::wstring BesideTheLibrary(const wchar_t* file) {
+  const std::wstring path = Library::Path();
+  return path.substr(0, path.find_last_of(L'\\') + 1) + file;
+}
+
+TEST(Manifest, the_control_is_created_by_its_name_without_registration) {
+  const Apartment apartment;
+  CLSID id{};
+  ASSERT_NE(::CLSIDFromProgID(L"Plotvane.Graph", &id), S_OK) << "the control is registered";
+  const std::wstring manifest = BesideTheLibrary(L"Plotvane.manifest");
+  const std::wstring folder = BesideTheLibrary(L"");
+  ACTCTXW description{};
+  description.cbSize = sizeof description;
+  description.dwFlags = ACTCTX_FLAG_ASSEMBLY_DIRECTORY_VALID;
+  description.lpSource = manifest.c_str();
+  description.lpAssemblyDirectory = folder.c_str();
+  const HANDLE context = ::CreateActCtxW(&description);
+  ASSERT_NE(context, INVALID_HANDLE_VALUE) << ::GetLastError();
+  ULONG_PTR cookie = 0;
+  ASSERT_TRUE(::ActivateActCtx(context, &cookie));
+  ASSERT_EQ(::CLSIDFromProgID(L"Plotvane.Graph", &id), S_OK);
+  // The system answers an alias of the class, which is as good as the class itself.
+  {
+    ComPtr<::_Graph> graph;
+    ASSERT_EQ(::CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID__Graph, graph.ReceiveVoid()), S_OK);
+    EXPECT_EQ(CallByName(graph.Get(), L"PlotAllY", DISPATCH_METHOD).status, S_OK);
+    DWORD status = 0;
+    EXPECT_EQ(As<IOleObject>(graph.Get())->GetMiscStatus(DVASPECT_CONTENT, &status), S_OK);
+    EXPECT_EQ(status, 131473U);
+  }
+  ::CoFreeUnusedLibraries();
+  ::DeactivateActCtx(0, cookie);
+  ::ReleaseActCtx(context);
+}
+
 }  // namespace
 }  // namespace plotvane::tests
