@@ -53,6 +53,7 @@ INT_PTR DialogWindow::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CLOSE: return HandleCommand(IDCANCEL, BN_CLICKED), TRUE;
     case WM_DESTROY:
       if (const auto pump = std::exchange(mPump, nullptr)) pump->Remove(mDialog);
+      mTooltips.Destroy();
       mDialog = nullptr;
       HandleDestroyed();
       return FALSE;
