@@ -101,6 +101,33 @@ TEST_F(Control, frozen_events_are_raised_afterwards) {
   EXPECT_EQ(sink->plotDone, 1);
 }
 
+// Takes the news of written properties.
+class PropertySink final : public Implements<IPropertyNotifySink> {
+ public:
+  std::vector<DISPID> changed;
+  HRESULT STDMETHODCALLTYPE OnChanged(DISPID property) noexcept override {
+    changed.push_back(property);
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE OnRequestEdit(DISPID) noexcept override { return S_OK; }
+};
+
+TEST_F(Control, written_properties_are_announced) {
+  const auto sink = Make<PropertySink>();
+  const DWORD cookie = Connect(graph.Get(), IID_IPropertyNotifySink, sink.Get());
+  graph->put_Xmin(-5);
+  short step = 2;
+  graph->put_PlotPixelStep(&step);
+  EXPECT_EQ(sink->changed, (std::vector<DISPID>{0x4003000E, 0x68030000}));
+  // A refused write is no news.
+  Variant number(5.0);
+  EXPECT_EQ(graph->putref_VarTable(&number.Get()), Standard(424));
+  EXPECT_EQ(sink->changed.size(), 2U);
+  Disconnect(graph.Get(), IID_IPropertyNotifySink, cookie);
+  graph->put_Xmin(-6);
+  EXPECT_EQ(sink->changed.size(), 2U);
+}
+
 TEST_F(Control, element_zero_of_the_array_is_never_read) {
   const auto function = MakeFunction("x");
   Variant array = ArrayOf({function.Get()});

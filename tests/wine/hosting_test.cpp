@@ -247,6 +247,50 @@ TEST_F(Hosting, quick_activation_does_what_the_single_calls_do) {
   End();
 }
 
+// ---- Keys ----
+
+TEST_F(Hosting, the_container_is_asked_for_every_key_first) {
+  Activate();
+  ASSERT_EQ(Do(OLEIVERB_UIACTIVATE), S_OK);
+  ASSERT_TRUE(static_cast<bool>(site->activeObject));
+  MSG message{};
+  message.hwnd = ControlWindow();
+  message.message = WM_KEYDOWN;
+  message.wParam = VK_F7;  // a key without a meaning
+  EXPECT_EQ(site->activeObject->TranslateAccelerator(&message), S_FALSE);
+  EXPECT_EQ(site->Count("TranslateAccelerator"), 1);
+  EXPECT_EQ(site->activeObject->TranslateAccelerator(nullptr), E_POINTER);
+  End();
+}
+
+TEST_F(Hosting, a_mnemonic_presses_its_button) {
+  Activate();
+  const auto control = As<IOleControl>(graph.Get());
+  CONTROLINFO info{};
+  info.cb = sizeof info;
+  ASSERT_EQ(control->GetControlInfo(&info), S_OK);
+  // Each mnemonic is there for containers that compare keys and for those that compare characters.
+  std::vector<ACCEL> entries(info.cAccel);
+  ::CopyAcceleratorTableW(info.hAccel, entries.data(), info.cAccel);
+  ::DestroyAcceleratorTable(info.hAccel);
+  EXPECT_EQ(entries.size() % 3, 0U);
+  int graphKeys = 0;
+  for (const ACCEL& entry : entries) {
+    EXPECT_NE(entry.fVirt & FALT, 0);
+    if (entry.key == 'G' || entry.key == 'g') ++graphKeys;
+  }
+  EXPECT_EQ(graphKeys, 3);
+  // The button that draws the graph.
+  const auto sink = Make<EventSink>();
+  Connect(graph.Get(), DIID___Graph, sink.Get());
+  MSG message{};
+  message.message = WM_SYSCHAR;
+  message.wParam = 'g';
+  EXPECT_EQ(control->OnMnemonic(&message), S_OK);
+  EXPECT_EQ(sink->plotDone, 1);
+  End();
+}
+
 // ---- Pictures ----
 
 int CALLBACK CountRecords(HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM counts) {
