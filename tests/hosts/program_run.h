@@ -2,6 +2,7 @@
 #pragma once
 
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <fstream>
@@ -34,8 +35,10 @@ inline std::string Quoted(const std::string& argument) {
 
 // With the file `input` as standard input.
 inline Outcome RunProgram(const std::vector<std::string>& arguments, const std::string& input = "/dev/null") {
-  const std::string out = testing::TempDir() + "plotvane_out.txt";
-  const std::string err = testing::TempDir() + "plotvane_err.txt";
+  // Test programs run side by side.
+  const std::string own = testing::TempDir() + "plotvane_" + std::to_string(::getpid());
+  const std::string out = own + "_out.txt";
+  const std::string err = own + "_err.txt";
   std::string command = Quoted(PLOTVANE_PROGRAM);
   for (const std::string& argument : arguments) command += " " + Quoted(argument);
   command += " <" + Quoted(input) + " >" + Quoted(out) + " 2>" + Quoted(err);
