@@ -356,6 +356,4 @@ SIZE MainWindow::ControlSize() const {
   return {bounds.right - bounds.left, bounds.bottom - bounds.top};
 }
 
-IDispatch& MainWindow::VariableTable() { return *mTable.Get(); }
-
 }  // namespace plotvane::desktop

@@ -68,7 +68,6 @@ class MainWindow {
   void ShowError(const std::string& text);
   [[nodiscard]] RECT ControlBounds() const;
   [[nodiscard]] SIZE ControlSize() const;
-  [[nodiscard]] IDispatch& VariableTable();
 
   HWND mWindow = nullptr;
   HACCEL mAccelerators = nullptr;
