@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,9 +16,9 @@
 #include "hosts/terminal/interrupt.h"
 #include "hosts/terminal/line_input.h"
 #include "hosts/terminal/progress.h"
+#include "hosts/terminal/variable_file.h"
 #include "identifiers/clsVarTable.h"
 #include "platform/runtime_error.h"
-#include "platform/safe_save.h"
 
 namespace plotvane::terminal {
 
@@ -44,7 +45,7 @@ class Calculator {
     mExpression.SetVarTable(mTable);
     mExpression.SetStopFlag(&InterruptFlag());
     if (options.chemistry) mTable->LoadOriginalChemData();
-    if (!options.variables.empty()) LoadVariables(options.variables);
+    if (!options.variables.empty()) mVariables.emplace(options.variables, *mTable);
     mExpression.SetFormatMode(options.mode);
     mExpression.SetFixedDecimalPlaces(platform::Value(static_cast<double>(options.places)));
     mExpression.SetDegreeMode(options.degrees);
@@ -69,25 +70,14 @@ class Calculator {
     return names;
   }
 
-  // Saves the ordinary variables. RunTimeError when they cannot be written; the old file then stays as it is.
-  void SaveVariables(const std::string& path) {
-    platform::SaveSafely(path, [this](const std::string& newPath) {
-      mTable->SaveTypeToFile(identifiers::kVariableType, newPath);
-    });
+  // To the file that they came from; nothing without one. RunTimeError when it cannot be written.
+  void SaveVariables() const {
+    if (mVariables) mVariables->Save();
   }
 
   [[nodiscard]] int Status() const noexcept { return mAllWell ? kAllWell : kSomethingFailed; }
 
  private:
-  // A file that is not there yet holds no variables; saving makes it.
-  void LoadVariables(const std::string& path) {
-    try {
-      mTable->LoadTypeFromFile(path);
-    } catch (const platform::RunTimeError& error) {
-      if (error.Number() != static_cast<std::int32_t>(platform::StandardError::FileNotFound)) throw;
-    }
-  }
-
   bool EvaluateWithNote(const std::string& line, platform::Value& result) {
     const Progress::Work work(mProgress);
     return Evaluate(line, result);
@@ -100,6 +90,7 @@ class Calculator {
   }
 
   std::shared_ptr<identifiers::clsVarTable> mTable = std::make_shared<identifiers::clsVarTable>();
+  std::optional<VariableFile> mVariables;
   engine::clsExp mExpression;
   Progress mProgress;
   ReportForm mReport;
@@ -109,7 +100,7 @@ class Calculator {
 
 // An interrupt stops the line that is being calculated; the user goes on with the next.
 void CalculateTyped(Calculator& calculator, const std::string& line) {
-  TakeInterrupt();
+  if (!MustEnd()) TakeInterrupt();
   if (const auto help = HelpFor(line)) {
     std::cout << *help;
   } else {
@@ -136,7 +127,8 @@ int RunCalc(const CalcOptions& options) {
     Calculator calculator(options);
     if (options.expressions.empty()) CalculateInput(calculator);
     for (const std::string& expression : options.expressions) CalculateGiven(calculator, expression);
-    if (!options.variables.empty()) calculator.SaveVariables(options.variables);
+    calculator.SaveVariables();
+    if (MustEnd()) throw Interrupted();  // at the prompt: nothing that was typed is lost
     std::cout.flush();
     return std::cout ? calculator.Status() : kSomethingFailed;
   } catch (const platform::RunTimeError& error) {

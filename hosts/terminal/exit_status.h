@@ -6,6 +6,6 @@ namespace plotvane::terminal {
 inline constexpr int kAllWell = 0;
 inline constexpr int kSomethingFailed = 1;  // an expression, an equation, a file
 inline constexpr int kBadUsage = 2;
-inline constexpr int kInterrupted = 130;  // by Ctrl-C
+// Stopped by a signal: InterruptStatus(), which is 130 after Ctrl-C.
 
 }  // namespace plotvane::terminal

@@ -4,11 +4,13 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <filesystem>
 #include <iostream>
 #include <string_view>
 #include <utility>
 
 #include "hosts/terminal/completion.h"
+#include "hosts/terminal/history_file.h"
 #include "hosts/terminal/interrupt.h"
 
 namespace plotvane::terminal {
@@ -50,8 +52,9 @@ class TerminalInput : public LineInput {
         mHistory(::history_init()),
         mEditor(::el_init("plotvane", stdin, Screen(), stderr)) {
     HistEvent event{};
-    ::history(mHistory.get(), &event, H_SETSIZE, 1000);
+    ::history(mHistory.get(), &event, H_SETSIZE, static_cast<int>(kHistoryLines));
     ::history(mHistory.get(), &event, H_SETUNIQUE, 1);
+    for (const std::string& line : LoadHistory(mHistoryPath)) Remember(line);
     EditLine* const editor = mEditor.get();
     ::el_set(editor, EL_CLIENTDATA, this);
     ::el_set(editor, EL_PROMPT, &Prompt);
@@ -62,10 +65,16 @@ class TerminalInput : public LineInput {
     ::el_source(editor, nullptr);
   }
 
+  ~TerminalInput() override { AppendHistory(mHistoryPath, mTyped); }
+
+  TerminalInput(const TerminalInput&) = delete;
+  TerminalInput& operator=(const TerminalInput&) = delete;
+
   std::optional<std::string> Next() override {
+    if (MustEnd()) return std::nullopt;
     int count = 0;
     const char* line = ::el_gets(mEditor.get(), &count);
-    while (line == nullptr && TakeInterrupt()) {
+    while (line == nullptr && !MustEnd() && TakeInterrupt()) {
       Show("^C\n");
       line = ::el_gets(mEditor.get(), &count);
     }
@@ -74,8 +83,10 @@ class TerminalInput : public LineInput {
       return std::nullopt;
     }
     std::string text = WithoutLineEnd({line, static_cast<std::size_t>(count)});
-    HistEvent event{};
-    if (!text.empty()) ::history(mHistory.get(), &event, H_ENTER, text.c_str());
+    if (!text.empty()) {
+      Remember(text);
+      mTyped.push_back(text);
+    }
     return text;
   }
 
@@ -88,6 +99,11 @@ class TerminalInput : public LineInput {
   struct EndEditor {
     void operator()(EditLine* editor) const noexcept { ::el_end(editor); }
   };
+
+  void Remember(const std::string& line) {
+    HistEvent event{};
+    ::history(mHistory.get(), &event, H_ENTER, line.c_str());
+  }
 
   static TerminalInput& Of(EditLine* editor) {
     void* self = nullptr;
@@ -117,6 +133,8 @@ class TerminalInput : public LineInput {
   }
 
   std::function<std::vector<std::string>()> mNames;
+  std::filesystem::path mHistoryPath = HistoryPath();
+  std::vector<std::string> mTyped;
   std::unique_ptr<History, EndHistory> mHistory;
   std::unique_ptr<EditLine, EndEditor> mEditor;
 };

@@ -20,7 +20,7 @@ class LineInput {
   [[nodiscard]] virtual bool IsTerminal() const noexcept = 0;
 };
 
-// Standard input. When it is a terminal: a prompt, line editing, the history of this session, and completion
+// Standard input. When it is a terminal: a prompt, line editing, the history of this and earlier sessions, and completion
 // (Tab) of what `names` gives at that time.
 [[nodiscard]] std::unique_ptr<LineInput> OpenLineInput(std::function<std::vector<std::string>()> names);
 

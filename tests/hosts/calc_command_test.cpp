@@ -35,7 +35,18 @@ TEST(CalcCommand, expressions_of_the_command_line_share_their_variables) {
 TEST(CalcCommand, an_expression_may_begin_with_a_sign_or_a_bracket) {
   EXPECT_EQ(Calc({"-2^2"}).out, "-4\n");
   EXPECT_EQ(Calc({"--", "-2^2", "-(1)"}).out, "-4\n-1\n");
+  EXPECT_EQ(Calc({"x=3", "-x^2", "-(1)", "-sqr(x+1)"}).out, "3\n-9\n-1\n-2\n");
+  EXPECT_EQ(Calc({"x=3", "--", "--x", "-x"}).out, "3\n2\n-2\n");
   EXPECT_EQ(Calc({"[1+2]*3", "{2}"}).out, "9\n2\n");
+}
+
+TEST(CalcCommand, options_are_known_before_between_and_behind_the_expressions) {
+  EXPECT_EQ(Calc({"-x", "--mode", "octal", "x=-8", "--degrees", "sin(-90)", "--places=2", "-x"}).out,
+            Calc({"--mode", "octal", "--degrees", "--places", "2", "--", "-x", "x=-8", "sin(-90)", "-x"}).out);
+  EXPECT_EQ(Calc({"x=8", "--mode", "octal", "-x+9"}).out, "&O10\n&O1\n");
+  EXPECT_EQ(Calc({"--mode", "fixed", "--places", "-2", "-1234"}).out, "-1200\n");
+  EXPECT_EQ(Calc({"-1", "--help"}).status, 0);
+  EXPECT_EQ(Calc({"--mode"}).status, 2);
 }
 
 TEST(CalcCommand, lines_go_on_after_an_error) {
@@ -92,6 +103,7 @@ TEST(CalcCommand, bad_usage_is_one_line_and_status_2) {
   EXPECT_EQ(RunProgram({}).status, 2);
   EXPECT_EQ(RunProgram({"frobnicate"}).status, 2);
   EXPECT_EQ(RunProgram({"--help"}).status, 0);
+  EXPECT_EQ(RunProgram({"--version"}).out, "plotvane 45.0.0\n");
 }
 
 TEST(CalcCommand, a_variable_file_that_cannot_be_read_is_status_1) {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 
 #include "tests/platform/temporary_directory.h"
@@ -31,6 +32,33 @@ TEST(CalcVariables, are_saved_after_a_failed_line_too) {
   const TemporaryDirectory directory;
   EXPECT_FALSE(Calc(directory, "--variables " + directory.File("my.txt") + " x=7 1/0"));
   EXPECT_EQ(directory.Read("my.txt"), "\"x\",7,2,\"\"\r\n");
+}
+
+TEST(CalcVariables, of_every_type_stay_in_their_file) {
+  const TemporaryDirectory directory;
+  const std::string records =
+      "\"speed\",0.035,4,\"a constant\"\r\n\"Pi\",3,9,\"of old\"\r\n\"note\",\"text\",2,\"said\"\r\n\"he\",5,24,\"gas\"\r\n"
+      "\"a\",,16,\"\"\r\n";
+  directory.Write("my.txt", records);
+  const std::string file = "--variables " + directory.File("my.txt");
+  EXPECT_FALSE(Calc(directory, file + " speed=1"));  // a constant is not stored into
+  EXPECT_EQ(directory.Read("my.txt"), records);
+  EXPECT_TRUE(Calc(directory, file + " --chem c+1"));
+  EXPECT_EQ(directory.Read("my.txt"), records);
+  EXPECT_TRUE(Calc(directory, file + " \"z=1\""));
+  EXPECT_EQ(directory.Read("my.txt"), "\"z\",1,2,\"\"\r\n" + records);
+}
+
+TEST(CalcVariables, of_a_file_survive_a_full_disk) {
+  const TemporaryDirectory directory;
+  directory.Write("my.txt", "\"x\",7,2,\"\"\r\n");
+  // No file of this process may grow.
+  const std::string command = "(trap '' XFSZ; ulimit -f 0; exec " + std::string(PLOTVANE_PROGRAM) + " calc --variables " +
+                              directory.File("my.txt") + " x=8 2>&1) | cat >" + directory.File("out.txt");
+  EXPECT_EQ(std::system(command.c_str()), 0);
+  EXPECT_EQ(directory.Read("out.txt"), "8\nplotvane: Disk full\n");
+  EXPECT_EQ(directory.Read("my.txt"), "\"x\",7,2,\"\"\r\n");
+  EXPECT_FALSE(std::filesystem::exists(directory.File("my.txt") + ".new"));
 }
 
 TEST(CalcVariables, stay_as_they_are_when_their_file_is_damaged) {

@@ -20,17 +20,23 @@ CTRL_C, CTRL_D = "\x03", "\x04"
 
 
 class Terminal:
-    """A program whose standard input, output and errors are one terminal."""
+    """A program whose standard input, output and errors are one terminal; it keeps its history in `state`."""
 
-    def __init__(self, *words):
+    def __init__(self, state, *words):
         self.shown = ""
         self.pid, self.terminal = pty.fork()
         if self.pid == 0:
             os.environ["TERM"] = "vt100"
+            os.environ["XDG_STATE_HOME"] = state
             os.execv(PROGRAM, [PROGRAM, *words])
 
+    def hang_up(self):
+        if self.terminal is not None:
+            os.close(self.terminal)
+        self.terminal = None
+
     def close(self):
-        os.close(self.terminal)
+        self.hang_up()
         if self.pid:
             os.kill(self.pid, signal.SIGKILL)
             os.waitpid(self.pid, 0)
@@ -66,6 +72,11 @@ class Terminal:
         self.wait_for(f"\n{result}\r\n")
         self.wait_for_prompt()
 
+    def end(self):
+        self.type(CTRL_D)
+        if self.status() != 0:
+            raise AssertionError("the program did not end well")
+
     def status(self):
         end = time.monotonic() + PATIENCE
         ended, status = os.waitpid(self.pid, os.WNOHANG)
@@ -78,14 +89,29 @@ class Terminal:
         return os.waitstatus_to_exitcode(status)
 
 
-class Prompt(unittest.TestCase):
+class Typed(unittest.TestCase):
     def setUp(self):
         self.folder = tempfile.TemporaryDirectory()
         self.addCleanup(self.folder.cleanup)
+        self.state = os.path.join(self.folder.name, "state")
+        self.history = os.path.join(self.state, "plotvane", "history")
         self.variables = os.path.join(self.folder.name, "variables.txt")
-        self.terminal = Terminal("calc", "--variables", self.variables)
-        self.addCleanup(self.terminal.close)
-        self.terminal.wait_for_prompt()
+
+    def calculator(self):
+        terminal = Terminal(self.state, "calc", "--variables", self.variables)
+        self.addCleanup(terminal.close)
+        terminal.wait_for_prompt()
+        return terminal
+
+    def read(self, path):
+        with open(path, encoding="utf-8", newline="") as file:
+            return file.read()
+
+
+class Prompt(Typed):
+    def setUp(self):
+        super().setUp()
+        self.terminal = self.calculator()
 
     def test_results_follow_the_lines(self):
         self.terminal.enter("2^10", "1024")
@@ -93,10 +119,29 @@ class Prompt(unittest.TestCase):
 
     def test_the_end_of_input_saves_the_variables(self):
         self.terminal.enter("length=2.5", "2.5")
-        self.terminal.type(CTRL_D)
-        self.assertEqual(self.terminal.status(), 0)
-        with open(self.variables, encoding="utf-8") as file:
-            self.assertEqual(file.read(), '"length",2.5,2,""\n')
+        self.terminal.end()
+        self.assertEqual(self.read(self.variables), '"length",2.5,2,""\r\n')
+
+    def test_a_request_to_end_saves_what_was_typed(self):
+        self.terminal.enter("length=2.5", "2.5")
+        os.kill(self.terminal.pid, signal.SIGTERM)
+        self.assertEqual(self.terminal.status(), 128 + signal.SIGTERM)
+        self.assertEqual(self.read(self.variables), '"length",2.5,2,""\r\n')
+        self.assertEqual(self.read(self.history), "length=2.5\n")
+
+    def test_a_request_to_end_stops_a_calculation(self):
+        self.terminal.enter("length=2.5", "2.5")
+        self.terminal.type(LONG_SUM + "\r")
+        self.terminal.wait_for("working, 1 s")
+        os.kill(self.terminal.pid, signal.SIGTERM)
+        self.assertEqual(self.terminal.status(), 128 + signal.SIGTERM)
+        self.assertIn('"length",2.5,2,""', self.read(self.variables))
+
+    def test_a_terminal_that_goes_away_saves_what_was_typed(self):
+        self.terminal.enter("length=2.5", "2.5")
+        self.terminal.hang_up()
+        self.assertEqual(self.terminal.status(), 128 + signal.SIGHUP)
+        self.assertEqual(self.read(self.variables), '"length",2.5,2,""\r\n')
 
     def test_up_and_down_walk_the_history(self):
         self.terminal.enter("1+1", "2")
@@ -153,6 +198,66 @@ class Prompt(unittest.TestCase):
         self.terminal.enter("k", "3")
 
 
+class History(Typed):
+    def test_the_next_session_begins_with_the_lines_of_this_one(self):
+        first = self.calculator()
+        first.enter("20+2", "22")
+        first.enter("1+1", "2")
+        first.end()
+        second = self.calculator()
+        second.enter(UP + UP, "22")
+        second.end()
+        self.assertEqual(self.read(self.history), "20+2\n1+1\n20+2\n")
+
+    def test_two_sessions_at_a_time_both_leave_their_lines(self):
+        first, second = self.calculator(), self.calculator()
+        first.enter("1+1", "2")
+        second.enter("20+2", "22")
+        first.end()
+        second.end()
+        self.assertEqual(self.read(self.history), "1+1\n20+2\n")
+
+    def test_only_its_owner_may_read_it(self):
+        calculator = self.calculator()
+        calculator.enter("1+1", "2")
+        calculator.end()
+        self.assertEqual(os.stat(self.history).st_mode & 0o777, 0o600)
+        self.assertEqual(os.stat(self.state).st_mode & 0o777, 0o700)
+
+    def test_only_the_last_thousand_lines_are_kept(self):
+        os.makedirs(os.path.dirname(self.history))
+        with open(self.history, "w", encoding="utf-8") as file:
+            file.writelines(f"{line}\n" for line in range(1000))
+        calculator = self.calculator()
+        calculator.enter("5555", "5555")
+        calculator.end()
+        self.assertEqual(self.read(self.history).split(), [str(line) for line in range(1, 1000)] + ["5555"])
+
+    def test_a_place_that_cannot_be_written_is_no_trouble(self):
+        with open(self.state, "w", encoding="utf-8") as file:
+            file.write("not a folder")
+        calculator = self.calculator()
+        calculator.enter("1+1", "2")
+        calculator.end()
+        self.assertEqual(self.read(self.state), "not a folder")
+
+    def test_lines_of_no_terminal_leave_none(self):
+        subprocess.run([PROGRAM, "calc"], input=b"1+1\n", check=True, env={"XDG_STATE_HOME": self.state})
+        self.assertFalse(os.path.exists(self.state))
+
+    def test_without_a_place_of_its_own_it_lies_in_the_home(self):
+        home = os.path.join(self.folder.name, "home")
+        os.mkdir(home)
+        os.environ["HOME"], before = home, os.environ.get("HOME", "/")
+        self.addCleanup(os.environ.__setitem__, "HOME", before)
+        terminal = Terminal("relative", "calc")  # a relative folder does not count
+        self.addCleanup(terminal.close)
+        terminal.wait_for_prompt()
+        terminal.enter("1+1", "2")
+        terminal.end()
+        self.assertEqual(self.read(os.path.join(home, ".local", "state", "plotvane", "history")), "1+1\n")
+
+
 class Interrupts(unittest.TestCase):
     """Commands without a terminal, stopped by the signal that Ctrl-C sends."""
 
@@ -163,7 +268,7 @@ class Interrupts(unittest.TestCase):
     def path(self, name):
         return os.path.join(self.folder.name, name)
 
-    def interrupt(self, *words, after=0.5, lines=None):
+    def interrupt(self, *words, after=0.5, lines=None, by=signal.SIGINT):
         process = subprocess.Popen(
             [PROGRAM, *words], stdin=subprocess.PIPE if lines is not None else subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE
         )
@@ -171,7 +276,7 @@ class Interrupts(unittest.TestCase):
             process.stdin.write(lines)
             process.stdin.flush()
         time.sleep(after)
-        process.send_signal(signal.SIGINT)
+        process.send_signal(by)
         try:
             process.wait(timeout=PATIENCE)
         finally:
@@ -204,6 +309,17 @@ class Interrupts(unittest.TestCase):
             with open(self.path(name), "rb") as file:
                 self.assertEqual(file.read(), b"the picture before")
         self.assertEqual(sorted(os.listdir(self.folder.name)), ["picture.png", "picture.svg"])
+
+    def test_a_request_to_end_leaves_the_files_as_they_were(self):
+        with open(self.path("variables.txt"), "w", encoding="utf-8") as file:
+            file.write('"k",3,2,""\n')
+        status, _ = self.interrupt("calc", "--variables", self.path("variables.txt"), "k=5", LONG_SUM, by=signal.SIGTERM)
+        self.assertEqual(status, 128 + signal.SIGTERM)
+        status, _ = self.interrupt("plot", "ss(sin(k*x),k,1,10^6)", "-o", self.path("picture.png"), by=signal.SIGTERM)
+        self.assertEqual(status, 128 + signal.SIGTERM)
+        self.assertEqual(os.listdir(self.folder.name), ["variables.txt"])
+        with open(self.path("variables.txt"), encoding="utf-8") as file:
+            self.assertEqual(file.read(), '"k",3,2,""\n')
 
     def test_table_ends_after_a_whole_row(self):
         status, output = self.interrupt("table", "x", "ss(k,k,1,10^(x*3))", "--from", "1", "--to", "9", "--step", "1")
