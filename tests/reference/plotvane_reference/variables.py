@@ -14,15 +14,18 @@ Record = namedtuple("Record", "name value kind description tolerance")
 class Variables:
     def __init__(self):
         self.records = {}
+        self.built_in = set()
         for name, value in (
             ("Pi", 3.14159265358979), ("g", 9.80655), ("gc", 6.67259 * 10.0**-11), ("cc", 8987551787.37),
             ("True", True), ("False", False),
         ):
             self.load(name, value, PREDEFINED, "")
+        self.built_in = set(self.records)
 
     def load(self, name, value, kind, description):
         """Adds or overwrites without asking, as files and predefined constants do."""
         self.records[name.lower()] = Record(name, value, kind, description, 0.0)
+        self.built_in.discard(name.lower())
 
     def get(self, name):
         """The value and the inexactness it was stored with, or None."""
@@ -38,10 +41,11 @@ class Variables:
         return True
 
     def saved(self):
-        """The lines of a variable file, the last key first, each with its inexactness."""
+        """The lines of a variable file, the last key first, each with its inexactness: all but what was there before
+        the file was read."""
         for key in sorted(self.records, reverse=True):
             record = self.records[key]
-            if record.kind == VARIABLE:
+            if key not in self.built_in:
                 fields = [quoted(record.name), field_text(record.value), str(record.kind), quoted(record.description)]
                 yield ",".join(fields).encode("utf-8"), record.tolerance
 
