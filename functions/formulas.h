@@ -65,21 +65,19 @@ Real DegreesToRadians(Real x) {
 }
 
 // --- Trigonometric functions: radians in, radians out
+//
+// Multiples of the right angle have exact values by rule. Where those are 1 or -1 the kernels give them
+// anyway.
 
 template <class Real>
 Real Sine(Real x) {
-  const Real general = Sin(x);
-  const Real atThreeHalves = Choose(Equals(x, kThreeHalvesPi), Real(-1), general);
-  const Real atPi = Choose(Equals(x, kPi), Real(0), atThreeHalves);
-  return Choose(Equals(x, kHalfPi), Real(1), atPi);
+  return Choose(Equals(x, kPi), Real(0), Sin(x));
 }
 
 template <class Real>
 Real Cosine(Real x) {
-  const Real general = Cos(x);
-  const Real atThreeHalves = Choose(Equals(x, kThreeHalvesPi), Real(0), general);
-  const Real atHalf = Choose(Equals(x, kHalfPi), Real(0), atThreeHalves);
-  return Choose(Equals(x, kPi), Real(-1), atHalf);
+  const Real atThreeHalves = Choose(Equals(x, kThreeHalvesPi), Real(0), Cos(x));
+  return Choose(Equals(x, kHalfPi), Real(0), atThreeHalves);
 }
 
 // The misspelt name is the public name.

@@ -20,15 +20,24 @@ struct WholeRangeKernels {
   using Tag = kernels::Portable;
 
   static double Sin(double x) noexcept {
-    return IsPlainAngle(x) ? kernels::SinOfOneQuadrant<Tag>(x, 0) : kernels::Sin(x);
+    return kernels::IsPlainAngle<Tag>(x) ? kernels::SinOfOneQuadrant<Tag>(x, 0) : kernels::Sin(x);
   }
   static double Cos(double x) noexcept {
-    return IsPlainAngle(x) ? kernels::SinOfOneQuadrant<Tag>(x, 1) : kernels::Cos(x);
+    return kernels::IsPlainAngle<Tag>(x) ? kernels::SinOfOneQuadrant<Tag>(x, 1) : kernels::Cos(x);
   }
-  static double Tan(double x) noexcept { return Or(kernels::TanFast<Tag>(x), kernels::Tan, x); }
-  static double Atan(double x) noexcept { return Or(kernels::AtanFast<Tag>(x), kernels::Atan, Finite(x)); }
-  static double Exp(double x) noexcept { return Or(kernels::ExpFast<Tag>(x), kernels::Exp, Finite(x)); }
-  static double Log(double x) noexcept { return Or(kernels::LogFast<Tag>(x), kernels::Log, x); }
+  static double Tan(double x) noexcept {
+    return kernels::IsPlainAngle<Tag>(x) ? kernels::TanOfOneQuadrant<Tag>(x) : kernels::Tan(x);
+  }
+  static double Atan(double x) noexcept {
+    const double direct = kernels::AtanFast<Tag>(x);
+    return direct == direct ? direct : kernels::Atan(Finite(x));
+  }
+  static double Exp(double x) noexcept {
+    return kernels::IsPlainExponent<Tag>(x) ? kernels::ExpOfPlain<Tag>(x) : kernels::Exp(Finite(x));
+  }
+  static double Log(double x) noexcept {
+    return kernels::IsNormal<Tag>(x) ? kernels::LogOfNormal<Tag>(x) : kernels::Log(x);
+  }
   static double Pow(double base, double exponent) noexcept { return kernels::Pow(base, exponent); }
   // kExponent from 2 to 8.
   template <int kExponent>
@@ -38,12 +47,6 @@ struct WholeRangeKernels {
   }
 
  private:
-  static bool IsPlainAngle(double x) noexcept {
-    return kernels::Magnitude<Tag>(x) <= kernels::kLargestPlainAngle;
-  }
-  static double Or(double direct, double (*complete)(double) noexcept, double x) noexcept {
-    return direct == direct ? direct : complete(x);
-  }
   static double Finite(double x) noexcept { return x - x == 0 ? x : kernels::kNotANumber; }
 };
 
@@ -108,11 +111,13 @@ class Plain {
 
 namespace formulas {
 
-// An angle within a turn stays as it is (a negative zero becomes positive); single values need no division to
-// see that.
+// An angle within a turn stays as it is (a negative zero becomes positive), and one within two loses exactly
+// one; single values need no division to see that.
 template <>
 inline Plain<WholeRangeKernels> RadiansOver2PiN(Plain<WholeRangeKernels> x) {
-  if (kernels::Magnitude<kernels::Portable>(x.Get()) < 2 * kPi) return x.Get() + 0.0;
+  const double magnitude = kernels::Magnitude<kernels::Portable>(x.Get());
+  if (magnitude < 2 * kPi) return x.Get() + 0.0;
+  if (magnitude < 4 * kPi) return x.Get() - kernels::WithSign<kernels::Portable>(2 * kPi, x.Get());
   return DecimalMod(x, Plain<WholeRangeKernels>(2 * kPi));
 }
 

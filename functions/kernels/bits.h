@@ -6,6 +6,7 @@
 #pragma once
 
 #include <bit>
+#include <cmath>
 #include <cstdint>
 #include <limits>
 
@@ -35,7 +36,7 @@ inline double FromBits(std::uint64_t bits) noexcept {
 
 template <class Tag>
 inline double Magnitude(double x) noexcept {
-  return FromBits<Tag>(Bits<Tag>(x) & ~kSignBit);
+  return std::fabs(x);
 }
 
 // `magnitude` (not negative) with the sign of `sign`.

@@ -28,6 +28,11 @@ struct ReducedAngle {
 inline constexpr double kLargestPlainAngle = 823549.0;
 
 template <class Tag>
+inline bool IsPlainAngle(double x) noexcept {
+  return Magnitude<Tag>(x) <= kLargestPlainAngle;
+}
+
+template <class Tag>
 inline ReducedAngle ReduceAngle(double x) noexcept {
   constexpr double kTwoOverPi = 0x1.45f306dc9c883p-1;
   // pi/2 = a + b + c + d; the first three have 33 bits, so that the products are exact.
@@ -122,14 +127,16 @@ inline double CosineOf(ReducedAngle angle) noexcept {
   return SineOf<Tag>({angle.rest, angle.quadrant + 1});
 }
 
+inline constexpr std::array kHalfSigns{1.0, -1.0};
+
 // The sine of an angle moved on by some quadrants, with one polynomial instead of the two of SineOf: on the
 // way along a curve the quadrant seldom changes, so a single value does well to branch. The same bits.
 template <class Tag>
 inline double SinOfOneQuadrant(double x, std::uint64_t quadrants) noexcept {
   const ReducedAngle angle = ReduceAngle<Tag>(x);
   const std::uint64_t quadrant = angle.quadrant + quadrants;
-  const double value = (quadrant & 1U) != 0 ? CosineCore<Tag>(angle.rest) : SineCore<Tag>(angle.rest);
-  return FromBits<Tag>(Bits<Tag>(value) ^ LowerHalfSign<Tag>(quadrant));
+  const double sign = kHalfSigns[(quadrant >> 1U) & 1U];
+  return ((quadrant & 1U) != 0 ? CosineCore<Tag>(angle.rest) : SineCore<Tag>(angle.rest)) * sign;
 }
 
 template <class Tag>
@@ -145,24 +152,36 @@ inline double TangentOf(Pair rest, std::uint64_t quadrant) noexcept {
   return quotient.high + quotient.low;
 }
 
+// The tangent of a plain angle, with a branch instead of the blends of TangentOf. The same bits.
+template <class Tag>
+inline double TanOfOneQuadrant(double x) noexcept {
+  const ReducedAngle angle = ReduceAngle<Tag>(x);
+  const SineAndCosine core = CircularCore<Tag>(angle.rest);
+  const Pair sine = FastSum<Tag>(core.sine.high, core.sine.low);
+  const Pair cosine = FastSum<Tag>(core.cosine.high, core.cosine.low);
+  const Pair quotient = (angle.quadrant & 1U) != 0 ? Quotient<Tag>({-cosine.high, -cosine.low}, sine)
+                                                   : Quotient<Tag>(sine, cosine);
+  return quotient.high + quotient.low;
+}
+
 // Each for angles up to kLargestPlainAngle, else not-a-number.
 template <class Tag>
 inline double SinFast(double x) noexcept {
   const double result = SineOf<Tag>(ReduceAngle<Tag>(x));
-  return Magnitude<Tag>(x) <= kLargestPlainAngle ? result : kNotANumber;
+  return IsPlainAngle<Tag>(x) ? result : kNotANumber;
 }
 
 template <class Tag>
 inline double CosFast(double x) noexcept {
   const double result = CosineOf<Tag>(ReduceAngle<Tag>(x));
-  return Magnitude<Tag>(x) <= kLargestPlainAngle ? result : kNotANumber;
+  return IsPlainAngle<Tag>(x) ? result : kNotANumber;
 }
 
 template <class Tag>
 inline double TanFast(double x) noexcept {
   const ReducedAngle angle = ReduceAngle<Tag>(x);
   const double result = TangentOf<Tag>(angle.rest, angle.quadrant);
-  return Magnitude<Tag>(x) <= kLargestPlainAngle ? result : kNotANumber;
+  return IsPlainAngle<Tag>(x) ? result : kNotANumber;
 }
 
 }  // namespace plotvane::functions::kernels

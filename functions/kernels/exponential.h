@@ -46,14 +46,25 @@ inline ScaledExponential ExponentialCore(Pair x) noexcept {
 // The scaled value as one double, for results that are normal numbers.
 template <class Tag>
 inline double ScaleNormal(const ScaledExponential& scaled) noexcept {
-  return FromBits<Tag>(Bits<Tag>(scaled.mantissa.high + scaled.mantissa.low) + (scaled.powerBits << 52U));
+  return (scaled.mantissa.high + scaled.mantissa.low) * FromBits<Tag>((scaled.powerBits + 1023U) << 52U);
+}
+
+template <class Tag>
+inline bool IsPlainExponent(double x) noexcept {
+  return Magnitude<Tag>(x) <= kLargestPlainExponent;
+}
+
+// e^x for a plain exponent.
+template <class Tag>
+inline double ExpOfPlain(double x) noexcept {
+  return ScaleNormal<Tag>(ExponentialCore<Tag>({x, 0.0}));
 }
 
 // e^x where x and the result allow the direct way, else not-a-number.
 template <class Tag>
 inline double ExpFast(double x) noexcept {
-  const double result = ScaleNormal<Tag>(ExponentialCore<Tag>({x, 0.0}));
-  return Magnitude<Tag>(x) <= kLargestPlainExponent ? result : kNotANumber;
+  const double result = ExpOfPlain<Tag>(x);
+  return IsPlainExponent<Tag>(x) ? result : kNotANumber;
 }
 
 // e^(x.high + x.low) over the whole range, infinities and subnormal results included; the low part below

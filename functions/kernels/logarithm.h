@@ -53,10 +53,22 @@ inline double LogarithmCore(PowerAndMantissa x) noexcept {
   return leading.high + (leading.low + (sum.low + (x.power * kLn2Low + correction)));
 }
 
+// Normal and positive.
+template <class Tag>
+inline bool IsNormal(double x) noexcept {
+  return x >= kSmallestNormal && x <= kLargestNumber;
+}
+
+// ln x for normal positive x.
+template <class Tag>
+inline double LogOfNormal(double x) noexcept {
+  return LogarithmCore<Tag>(SplitNormal<Tag>(x));
+}
+
 // ln x for normal positive x, else not-a-number.
 template <class Tag>
 inline double LogFast(double x) noexcept {
-  const double result = LogarithmCore<Tag>(SplitNormal<Tag>(x));
+  const double result = LogOfNormal<Tag>(x);
   const double bounded = x >= kSmallestNormal ? result : kNotANumber;
   return x <= kLargestNumber ? bounded : kNotANumber;
 }
