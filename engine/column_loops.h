@@ -20,7 +20,7 @@ struct ColumnLoops {
 
   template <class Operation>
   static void OfAccumulator(const ColumnArguments& arguments) noexcept {
-    const auto [out, accumulator, column, uniform, second, groups] = arguments;
+    const auto [out, accumulator, operand, second, groups] = arguments;
     const std::size_t count = groups * kColumnGroup;
     for (std::size_t i = 0; i < count; ++i) out[i] = Operation::Apply(Real(accumulator[i])).Get();
   }
@@ -29,10 +29,10 @@ struct ColumnLoops {
     if constexpr (std::is_same_v<Operation, operations::Power>) {
       if (RaiseToWhole(arguments)) return;
     }
-    const auto [out, accumulator, column, uniform, second, groups] = arguments;
+    const auto [out, accumulator, operand, second, groups] = arguments;
     const std::size_t count = groups * kColumnGroup;
     for (std::size_t i = 0; i < count; ++i)
-      out[i] = Operation::Apply(Real(accumulator[i]), Real(uniform)).Get();
+      out[i] = Operation::Apply(Real(accumulator[i]), Real(operand.uniform)).Get();
   }
   // Small whole powers of a column without the general power, whose bits they share; false for other
   // exponents.
@@ -46,46 +46,46 @@ struct ColumnLoops {
   }
   template <int kExponent>
   static bool RaiseTo(const ColumnArguments& arguments) noexcept {
-    if (arguments.uniform != kExponent) return false;
+    if (arguments.operand.uniform != kExponent) return false;
     OfAccumulator<operations::WholePower<kExponent>>(arguments);
     return true;
   }
   template <class Operation>
   static void UniformLeft(const ColumnArguments& arguments) noexcept {
-    const auto [out, accumulator, column, uniform, second, groups] = arguments;
+    const auto [out, accumulator, operand, second, groups] = arguments;
     const std::size_t count = groups * kColumnGroup;
     for (std::size_t i = 0; i < count; ++i)
-      out[i] = Operation::Apply(Real(uniform), Real(accumulator[i])).Get();
+      out[i] = Operation::Apply(Real(operand.uniform), Real(accumulator[i])).Get();
   }
   template <class Operation>
   static void ColumnRight(const ColumnArguments& arguments) noexcept {
-    const auto [out, accumulator, column, uniform, second, groups] = arguments;
+    const auto [out, accumulator, operand, second, groups] = arguments;
     const std::size_t count = groups * kColumnGroup;
     for (std::size_t i = 0; i < count; ++i)
-      out[i] = Operation::Apply(Real(accumulator[i]), Real(column[i])).Get();
+      out[i] = Operation::Apply(Real(accumulator[i]), Real(operand.column[i])).Get();
   }
   template <class Operation>
   static void ColumnLeft(const ColumnArguments& arguments) noexcept {
-    const auto [out, accumulator, column, uniform, second, groups] = arguments;
+    const auto [out, accumulator, operand, second, groups] = arguments;
     const std::size_t count = groups * kColumnGroup;
     for (std::size_t i = 0; i < count; ++i)
-      out[i] = Operation::Apply(Real(column[i]), Real(accumulator[i])).Get();
+      out[i] = Operation::Apply(Real(operand.column[i]), Real(accumulator[i])).Get();
   }
 
   // Two operations on the way through the arrays.
-  template <class First, class Second>
-  static void UniformRightPair(const ColumnArguments& arguments) noexcept {
-    const auto [out, accumulator, column, uniform, second, groups] = arguments;
+  template <class First, class Second, bool kFirstColumn, bool kSecondColumn>
+  static void Pair(const ColumnArguments& arguments) noexcept {
+    const auto [out, accumulator, operand, second, groups] = arguments;
     const std::size_t count = groups * kColumnGroup;
-    for (std::size_t i = 0; i < count; ++i)
-      out[i] = Second::Apply(First::Apply(Real(accumulator[i]), Real(uniform)), Real(second)).Get();
-  }
-  template <class First, class Second>
-  static void ColumnRightPair(const ColumnArguments& arguments) noexcept {
-    const auto [out, accumulator, column, uniform, second, groups] = arguments;
-    const std::size_t count = groups * kColumnGroup;
-    for (std::size_t i = 0; i < count; ++i)
-      out[i] = Second::Apply(First::Apply(Real(accumulator[i]), Real(column[i])), Real(second)).Get();
+    for (std::size_t i = 0; i < count; ++i) {
+      Real between(accumulator[i]);
+      if constexpr (operations::kIsOfTwo<First>) {
+        between = First::Apply(between, Real(kFirstColumn ? operand.column[i] : operand.uniform));
+      } else {
+        between = First::Apply(between);
+      }
+      out[i] = Second::Apply(between, Real(kSecondColumn ? second.column[i] : second.uniform)).Get();
+    }
   }
 
   static bool AllFinite(const double* numbers, std::size_t groups) noexcept {
@@ -98,7 +98,12 @@ struct ColumnLoops {
   // The maker of operations::Table and operations::PairTable.
   template <class First, class Second>
   static constexpr ColumnPairForms ForPair() {
-    return {UniformRightPair<First, Second>, ColumnRightPair<First, Second>};
+    ColumnPairForms forms{};
+    forms[0] = {Pair<First, Second, false, false>, Pair<First, Second, false, true>};
+    if constexpr (operations::kIsOfTwo<First>) {
+      forms[1] = {Pair<First, Second, true, false>, Pair<First, Second, true, true>};
+    }
+    return forms;
   }
   template <class Operation>
   static constexpr ColumnForms ForOne() {

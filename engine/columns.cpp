@@ -44,8 +44,12 @@ bool Columns::IsColumn(Slot slot) const noexcept {
   return kind == SlotKind::Varying || kind == SlotKind::Temporary;
 }
 
+Columns::BoundOperand Columns::Bind(Slot slot) const {
+  return {IsColumn(slot), mColumnOf[slot], &mProgram.NumberAt(slot)};
+}
+
 Columns::Bound Columns::Bind(const Step& step) const {
-  Bound bound{nullptr, step.form, false, nullptr, nullptr, 0, kAccumulator, nullptr};
+  Bound bound{nullptr, step.form, {}, {}, kAccumulator, nullptr};
   if (step.form == StepForm::Call) {
     bound.call = &mProgram.Calls()[step.place];
     return bound;
@@ -55,25 +59,23 @@ Columns::Bound Columns::Bind(const Step& step) const {
     bound.run = forms.ofAccumulator;
     return bound;
   }
-  bound.operandIsColumn = IsColumn(step.place);
-  bound.uniform = &mProgram.NumberAt(step.place);
-  bound.column = mColumnOf[step.place];
+  bound.operand = Bind(step.place);
   if (step.form == StepForm::SlotRight) {
-    bound.run = bound.operandIsColumn ? forms.columnRight : forms.uniformRight;
+    bound.run = bound.operand.isColumn ? forms.columnRight : forms.uniformRight;
   }
   if (step.form == StepForm::SlotLeft) {
-    bound.run = bound.operandIsColumn ? forms.columnLeft : forms.uniformLeft;
+    bound.run = bound.operand.isColumn ? forms.columnLeft : forms.uniformLeft;
   }
   return bound;
 }
 
 // Makes a step and the next one a pair, where there is a loop for both.
 bool Columns::BindPair(Bound& bound, const Step& first, const Step& second) const {
-  if (first.form != StepForm::SlotRight || second.form != StepForm::SlotRight) return false;
-  const ColumnPairForms* const forms = mCode.pairForms(first.code, second.code);
-  if (!forms || IsColumn(second.place)) return false;
-  bound.run = bound.operandIsColumn ? forms->columnRight : forms->uniformRight;
-  bound.second = &mProgram.NumberAt(second.place);
+  const ColumnPairForms* const forms =
+      IsPair(first, second) ? mCode.pairForms(first.code, second.code) : nullptr;
+  if (!forms) return false;
+  bound.second = Bind(second.place);
+  bound.run = (*forms)[bound.operand.isColumn ? 1 : 0][bound.second.isColumn ? 1 : 0];
   return true;
 }
 
@@ -107,22 +109,24 @@ std::size_t Columns::Mend(std::span<const double> xs, std::span<double> ys) noex
 const double* Columns::RunSteps(std::size_t groups, const double* varying, double* accumulator) noexcept {
   const std::size_t count = groups * kColumnGroup;
   const double* current = varying;  // the accumulator starts as the varying variable
+  const auto operandOf = [&](const BoundOperand& bound) -> ColumnOperand {
+    return {bound.column == 0 ? varying : ColumnAt(bound.column), bound.uniform ? *bound.uniform : 0};
+  };
   for (const Bound& step : mSteps) {
-    const double* const column = step.column == 0 ? varying : ColumnAt(step.column);
+    const ColumnOperand operand = operandOf(step.operand);
     if (step.run) {
       double* const target = step.target == kAccumulator ? accumulator : ColumnAt(step.target);
-      step.run({target, current, column, step.uniform ? *step.uniform : 0, step.second ? *step.second : 0,
-                groups});
+      step.run({target, current, operand, operandOf(step.second), groups});
       current = target;
     } else if (step.form == StepForm::Store) {
-      std::copy_n(current, count, ColumnAt(step.column));
+      std::copy_n(current, count, ColumnAt(step.operand.column));
     } else if (step.form == StepForm::Call) {
       RunCalls(*step.call, count, accumulator);
       current = accumulator;
-    } else if (step.operandIsColumn) {
-      current = column;
+    } else if (step.operand.isColumn) {
+      current = operand.column;
     } else {
-      std::fill_n(accumulator, count, *step.uniform);
+      std::fill_n(accumulator, count, operand.uniform);
       current = accumulator;
     }
   }

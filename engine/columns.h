@@ -6,6 +6,7 @@
 // caller asks Program::Run for such a point, and the exact evaluator when that fails too.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <memory>
 #include <span>
@@ -24,13 +25,18 @@ enum class ColumnWidth { Sse2, Avx2 };
 // Loops run over whole groups of so many numbers; arrays are long enough for the last one.
 inline constexpr std::size_t kColumnGroup = 4;
 
+// The operand of an operation.
+struct ColumnOperand {
+  const double* column;  // when it is a column
+  double uniform;        // when it is one number
+};
+
 // What a loop gets: `out` may be the same array as `accumulator`.
 struct ColumnArguments {
   double* out;
   const double* accumulator;
-  const double* column;  // the operand, when it is a column
-  double uniform;        // the operand, when it is one number
-  double second;         // the operand of the second operation of a pair
+  ColumnOperand operand;
+  ColumnOperand second;  // of the second operation of a pair
   std::size_t groups;
 };
 
@@ -45,11 +51,8 @@ struct ColumnForms {
   ColumnRun columnLeft = nullptr;
 };
 
-// The loops of two operations in one, both with their operand on the right and the second operand one number.
-struct ColumnPairForms {
-  ColumnRun uniformRight = nullptr;
-  ColumnRun columnRight = nullptr;
-};
+// The loops of two operations in one, by what their operands are: [the first's is a column][the second's is].
+using ColumnPairForms = std::array<std::array<ColumnRun, 2>, 2>;
 
 // All loops for one instruction set.
 struct ColumnCode {
@@ -73,20 +76,25 @@ class Columns {
   [[nodiscard]] std::size_t Run(std::span<const double> xs, std::span<double> ys) noexcept;
 
  private:
+  struct BoundOperand {
+    bool isColumn = false;
+    std::size_t column = 0;           // number of the array
+    const double* uniform = nullptr;  // in the program; null where there is none
+  };
+
   struct Bound {
     ColumnRun run;  // null for a call, a load or a store
     StepForm form;
-    bool operandIsColumn;
-    const double* uniform;  // in the program; null where there is none
-    const double* second;   // of a pair
-    std::size_t column;     // number of the array
-    std::size_t target;     // number of the array for the result
+    BoundOperand operand;
+    BoundOperand second;  // of a pair
+    std::size_t target;   // number of the array for the result
     const CallPlan* call;
   };
 
   void Bind(const std::vector<Step>& steps);
   [[nodiscard]] Bound Bind(const Step& step) const;
   [[nodiscard]] bool BindPair(Bound& bound, const Step& first, const Step& second) const;
+  [[nodiscard]] BoundOperand Bind(Slot slot) const;
   [[nodiscard]] bool IsColumn(Slot slot) const noexcept;
   [[nodiscard]] double* ColumnAt(std::size_t column) noexcept { return mNumbers.data() + column * kBlock; }
   [[nodiscard]] std::size_t RunGroups(std::span<const double> xs, std::span<double> ys, std::size_t groups,

@@ -46,40 +46,60 @@ inline constexpr OperationCode kOfOne = static_cast<OperationCode>(kFirstOfOne +
   return code == kOfTwo<Add> || code == kOfTwo<Multiply>;
 }
 
-// A table of Forms, one for every two of the Paired operations: Maker::ForPair<First, Second>() gives them.
+template <class Operation, class... Operations>
+consteval bool IsIn(List<Operations...> /*list*/) {
+  return (std::is_same_v<Operation, Operations> || ...);
+}
+template <class Operation>
+inline constexpr bool kIsOfTwo = IsIn<Operation>(OfTwo{});
+
+template <class Operation>
+consteval OperationCode CodeOf() {
+  if constexpr (kIsOfTwo<Operation>) {
+    return kOfTwo<Operation>;
+  } else {
+    return kOfOne<Operation>;
+  }
+}
+
+// A table of Forms, one for every pair of operations: Maker::ForPair<First, Second>() gives them.
 template <class Forms, class Maker>
 class PairTable {
  public:
-  constexpr PairTable() { FillAll(Paired{}); }
+  constexpr PairTable() { FillAll(PairedFirst{}); }
 
-  // Null when one of the two is not among them.
+  // Null when the two are no pair.
   [[nodiscard]] constexpr const Forms* Find(OperationCode first, OperationCode second) const noexcept {
-    const std::size_t a = PlaceOf(first);
-    const std::size_t b = PlaceOf(second);
-    return a < Paired::kSize && b < Paired::kSize ? &mForms[a * Paired::kSize + b] : nullptr;
+    const std::size_t a = PlaceOf(first, kFirsts);
+    const std::size_t b = PlaceOf(second, kSeconds);
+    const bool found = a < PairedFirst::kSize && b < PairedSecond::kSize;
+    return found ? &mForms[a * PairedSecond::kSize + b] : nullptr;
   }
 
  private:
-  [[nodiscard]] static constexpr std::size_t PlaceOf(OperationCode code) noexcept {
-    return static_cast<std::size_t>(std::ranges::find(kCodes, code) - kCodes.begin());
-  }
   template <class... Operations>
   static constexpr std::array<OperationCode, sizeof...(Operations)> Codes(List<Operations...> /*list*/) {
-    return {kOfTwo<Operations>...};
+    return {CodeOf<Operations>()...};
   }
-  static constexpr auto kCodes = Codes(Paired{});
+  static constexpr auto kFirsts = Codes(PairedFirst{});
+  static constexpr auto kSeconds = Codes(PairedSecond{});
+
+  template <class Array>
+  [[nodiscard]] static constexpr std::size_t PlaceOf(OperationCode code, const Array& codes) noexcept {
+    return static_cast<std::size_t>(std::ranges::find(codes, code) - codes.begin());
+  }
 
   template <class... Firsts>
-  constexpr void FillAll(List<Firsts...> list) {
+  constexpr void FillAll(List<Firsts...> /*list*/) {
     std::size_t place = 0;
-    (FillAfter<Firsts>(list, place), ...);
+    (FillAfter<Firsts>(PairedSecond{}, place), ...);
   }
   template <class First, class... Seconds>
   constexpr void FillAfter(List<Seconds...> /*list*/, std::size_t& place) {
     ((mForms[place++] = Maker::template ForPair<First, Seconds>()), ...);
   }
 
-  std::array<Forms, Paired::kSize * Paired::kSize> mForms{};
+  std::array<Forms, PairedFirst::kSize * PairedSecond::kSize> mForms{};
 };
 
 // A table of Forms, one for every code. `Maker` has two templates of static functions that give the forms of

@@ -343,8 +343,10 @@ struct Round {
   }
 };
 
-// Operations that are often met in pairs, and then carried out two at a time.
-using Paired = List<Add, Subtract, Multiply, DivideByFinite>;
+// Operations that are often met in pairs, and then carried out two at a time: one of the first list, then one
+// of the second.
+using PairedFirst = List<Negate, WholePower<2>, WholePower<3>, Add, Subtract, Multiply, DivideByFinite>;
+using PairedSecond = List<Add, Subtract, Multiply, DivideByFinite>;
 
 using OfOne = List<Negate, Percent, Not, NotBits, WholePower<2>, WholePower<3>, WholePower<4>, WholePower<5>,
                    WholePower<6>, WholePower<7>, WholePower<8>>;

@@ -17,46 +17,76 @@ double RunNext(double accumulator, const Instruction* self) noexcept {
   return self[1].run(accumulator, self + 1);
 }
 
-// The ways in which an instruction applies an operation.
-struct ScalarForms {
-  ScalarRun ofAccumulator = nullptr;
-  ScalarRun slotRight = nullptr;
-  ScalarRun slotLeft = nullptr;
+// What follows an instruction: the next one, or the end of the run.
+template <bool kIsLast>
+double GoOn(Real accumulator, const Instruction* self) noexcept {
+  if constexpr (kIsLast) return accumulator.Get();
+  return RunNext(accumulator.Get(), self);
+}
+
+// An instruction's code in the middle of a run, and as its last one.
+struct ScalarForm {
+  ScalarRun inside = nullptr;
+  ScalarRun last = nullptr;
 };
 
-template <class Operation>
+// The ways in which an instruction applies an operation.
+struct ScalarForms {
+  ScalarForm ofAccumulator;
+  ScalarForm slotRight;
+  ScalarForm slotLeft;
+};
+
+template <class Operation, bool kIsLast>
 double OfAccumulator(double accumulator, const Instruction* self) noexcept {
-  return RunNext(Operation::Apply(Real(accumulator)).Get(), self);
+  return GoOn<kIsLast>(Operation::Apply(Real(accumulator)), self);
 }
 
-template <class Operation>
+template <class Operation, bool kIsLast>
 double SlotRight(double accumulator, const Instruction* self) noexcept {
-  return RunNext(Operation::Apply(Real(accumulator), Real(*self->operand)).Get(), self);
+  return GoOn<kIsLast>(Operation::Apply(Real(accumulator), Real(*self->operand)), self);
 }
 
-template <class Operation>
+template <class Operation, bool kIsLast>
 double SlotLeft(double accumulator, const Instruction* self) noexcept {
-  return RunNext(Operation::Apply(Real(*self->operand), Real(accumulator)).Get(), self);
+  return GoOn<kIsLast>(Operation::Apply(Real(*self->operand), Real(accumulator)), self);
 }
 
+template <bool kIsLast>
 double Load(double /*accumulator*/, const Instruction* self) noexcept {
-  return RunNext(*self->operand, self);
+  return GoOn<kIsLast>(*self->operand, self);
 }
 
+template <bool kIsLast>
 double Store(double accumulator, const Instruction* self) noexcept {
   *self->operand = accumulator;
-  return RunNext(accumulator, self);
+  return GoOn<kIsLast>(accumulator, self);
 }
 
+template <bool kIsLast>
+double Call(double /*accumulator*/, const Instruction* self) noexcept {
+  return GoOn<kIsLast>(RunCall(*self->call, self->operand, 1), self);
+}
+
+template <bool kIsLast>
 double StoreThenLoad(double accumulator, const Instruction* self) noexcept {
   *self->operand = accumulator;
-  return RunNext(*self->second, self);
+  return GoOn<kIsLast>(*self->second, self);
 }
 
-double Call(double /*accumulator*/, const Instruction* self) noexcept {
-  return RunNext(RunCall(*self->call, self->operand, 1), self);
+// Two operations, the second with a slot on the right, and so the first when it takes two numbers.
+template <class First, class Second, bool kIsLast>
+double Pair(double accumulator, const Instruction* self) noexcept {
+  Real between(accumulator);
+  if constexpr (operations::kIsOfTwo<First>) {
+    between = First::Apply(between, Real(*self->operand));
+  } else {
+    between = First::Apply(between);
+  }
+  return GoOn<kIsLast>(Second::Apply(between, Real(*self->second)), self);
 }
 
+// Marks the end of a run; its instructions before end it themselves.
 double End(double accumulator, const Instruction* /*self*/) noexcept {
   return accumulator;
 }
@@ -76,53 +106,61 @@ double RunRuns(double accumulator, const Instruction* self) noexcept {
 struct ScalarMaker {
   template <class Operation>
   static constexpr ScalarForms ForOne() {
-    return {OfAccumulator<Operation>, nullptr, nullptr};
+    return {{OfAccumulator<Operation, false>, OfAccumulator<Operation, true>}, {}, {}};
   }
   template <class Operation>
   static constexpr ScalarForms ForTwo() {
-    return {nullptr, SlotRight<Operation>, SlotLeft<Operation>};
+    return {{},
+            {SlotRight<Operation, false>, SlotRight<Operation, true>},
+            {SlotLeft<Operation, false>, SlotLeft<Operation, true>}};
+  }
+  template <class First, class Second>
+  static constexpr ScalarForm ForPair() {
+    return {Pair<First, Second, false>, Pair<First, Second, true>};
   }
 };
 
-constexpr operations::Table<ScalarForms, ScalarMaker> kScalarTable;
+constexpr operations::Table<ScalarForms, ScalarMaker> kForms;
+constexpr operations::PairTable<ScalarForm, ScalarMaker> kPairs;
 
-// --- Two steps in one instruction: both of them arithmetic with a slot on the right
-
-template <class First, class Second>
-double SlotsRight(double accumulator, const Instruction* self) noexcept {
-  const Real between = First::Apply(Real(accumulator), Real(*self->operand));
-  return RunNext(Second::Apply(between, Real(*self->second)).Get(), self);
+// The code of one step.
+ScalarForm CodeOf(const Step& step) noexcept {
+  switch (step.form) {
+    case StepForm::OfAccumulator: return kForms[step.code].ofAccumulator;
+    case StepForm::SlotRight: return kForms[step.code].slotRight;
+    case StepForm::SlotLeft: return kForms[step.code].slotLeft;
+    case StepForm::Load: return {Load<false>, Load<true>};
+    case StepForm::Store: return {Store<false>, Store<true>};
+    case StepForm::Call: break;
+  }
+  return {Call<false>, Call<true>};
 }
 
-struct PairMaker {
-  template <class First, class Second>
-  static constexpr ScalarRun ForPair() {
-    return SlotsRight<First, Second>;
+// The code of two steps in one instruction, empty when there is none.
+ScalarForm CodeOf(const Step& first, const Step& second) noexcept {
+  if (first.form == StepForm::Store && second.form == StepForm::Load) {
+    return {StoreThenLoad<false>, StoreThenLoad<true>};
   }
-};
-
-constexpr operations::PairTable<ScalarRun, PairMaker> kPairs;
-
-// The code of two steps in one, null when there is none.
-ScalarRun FindFused(const Step& first, const Step& second) noexcept {
-  if (first.form == StepForm::Store && second.form == StepForm::Load) return StoreThenLoad;
-  if (first.form != StepForm::SlotRight || second.form != StepForm::SlotRight) return nullptr;
-  const ScalarRun* const pair = kPairs.Find(first.code, second.code);
-  return pair ? *pair : nullptr;
+  const ScalarForm* const pair = IsPair(first, second) ? kPairs.Find(first.code, second.code) : nullptr;
+  return pair ? *pair : ScalarForm{};
 }
 
 }  // namespace
 
+bool IsPair(const Step& first, const Step& second) noexcept {
+  const bool firstMayBe = first.form == StepForm::OfAccumulator || first.form == StepForm::SlotRight;
+  return firstMayBe && second.form == StepForm::SlotRight;
+}
+
 bool HasOperation(OperationCode code) noexcept {
-  return kScalarTable[code].ofAccumulator != nullptr || kScalarTable[code].slotRight != nullptr;
+  return kForms[code].ofAccumulator.last != nullptr || kForms[code].slotRight.last != nullptr;
 }
 
 double RunOperation(OperationCode code, double a, double b) noexcept {
-  const ScalarForms& forms = kScalarTable[code];
-  const ScalarRun run = forms.ofAccumulator != nullptr ? forms.ofAccumulator : forms.slotRight;
-  const std::array<Instruction, 2> instructions{
-      {{run, &b, nullptr, nullptr}, {End, nullptr, nullptr, nullptr}}};
-  return run(a, instructions.data());
+  const ScalarForms& forms = kForms[code];
+  const ScalarRun run = forms.ofAccumulator.last != nullptr ? forms.ofAccumulator.last : forms.slotRight.last;
+  const Instruction instruction{run, &b, nullptr, nullptr};
+  return run(a, &instruction);
 }
 
 double RunCall(const CallPlan& call, const double* arguments, std::size_t stride) noexcept {
@@ -148,36 +186,36 @@ std::uint32_t Program::AddCall(const CallPlan& call) {
   return static_cast<std::uint32_t>(mCalls.size() - 1);
 }
 
-Instruction Program::Link(const Step& step) {
-  if (step.form == StepForm::Call) {
-    const CallPlan& call = mCalls[step.place];
-    return {Call, &mSlots[call.first], nullptr, &call};
-  }
-  const ScalarForms& forms = kScalarTable[step.code];
-  if (step.form == StepForm::OfAccumulator) return {forms.ofAccumulator, nullptr, nullptr, nullptr};
-  double* const operand = &mSlots[step.place];
-  if (step.form == StepForm::Load) return {Load, operand, nullptr, nullptr};
-  if (step.form == StepForm::Store) return {Store, operand, nullptr, nullptr};
-  return {step.form == StepForm::SlotRight ? forms.slotRight : forms.slotLeft, operand, nullptr, nullptr};
-}
-
 void Program::Link(const std::vector<Step>& steps, std::vector<Instruction>& linked) {
   const bool several = steps.size() > kLongestRun;
   if (several) linked.push_back({RunRuns, nullptr, nullptr, nullptr});
-  std::size_t inRun = 0;
-  for (std::size_t i = 0; i < steps.size(); ++i) {
-    if (inRun++ == kLongestRun) {
-      linked.push_back({End, nullptr, nullptr, nullptr});
-      inRun = 1;
+  for (std::size_t i = 0; i < steps.size();) {
+    ScalarRun last = End;
+    for (std::size_t inRun = 0; inRun < kLongestRun && i < steps.size(); ++inRun) {
+      const Step& first = steps[i++];
+      ScalarForm form = i < steps.size() ? CodeOf(first, steps[i]) : ScalarForm{};
+      Instruction& instruction = linked.emplace_back(OperandsOf(first));
+      if (form.inside) {
+        instruction.second = &mSlots[steps[i++].place];
+      } else {
+        form = CodeOf(first);
+      }
+      instruction.run = form.inside;
+      last = form.last;
     }
-    linked.push_back(Link(steps[i]));
-    const ScalarRun fused = i + 1 < steps.size() ? FindFused(steps[i], steps[i + 1]) : nullptr;
-    if (!fused) continue;
-    linked.back().run = fused;
-    linked.back().second = &mSlots[steps[++i].place];
+    linked.back().run = last;
+    linked.push_back({End, nullptr, nullptr, nullptr});
   }
-  linked.push_back({End, nullptr, nullptr, nullptr});
+  if (steps.empty()) linked.push_back({End, nullptr, nullptr, nullptr});
   if (several) linked.push_back({nullptr, nullptr, nullptr, nullptr});
+}
+
+// An instruction with what its code reads and writes, but without the code.
+Instruction Program::OperandsOf(const Step& step) {
+  if (step.form == StepForm::OfAccumulator) return {};
+  if (step.form != StepForm::Call) return {nullptr, &mSlots[step.place], nullptr, nullptr};
+  const CallPlan& call = mCalls[step.place];
+  return {nullptr, &mSlots[call.first], nullptr, &call};
 }
 
 void Program::Finish(Slot varying, bool isBoolean, std::size_t depth) {

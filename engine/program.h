@@ -75,13 +75,17 @@ struct ProgramVariable {
   Slot slot;
 };
 
+// Whether two steps can be one where there is code for their two operations: one on the accumulator and one
+// with a slot on the right, or two of the latter.
+[[nodiscard]] bool IsPair(const Step& first, const Step& second) noexcept;
+
 // One or two steps bound to their code and their numbers. The code of an instruction ends by running the next
 // one, which compilers turn into a jump; the last of a run gives the accumulator back.
 struct Instruction {
-  double (*run)(double accumulator, const Instruction* self) noexcept;
-  double* operand;
-  double* second;  // of the second step
-  const CallPlan* call;
+  double (*run)(double accumulator, const Instruction* self) noexcept = nullptr;
+  double* operand = nullptr;
+  double* second = nullptr;  // of the second step
+  const CallPlan* call = nullptr;
 };
 
 class Program {
@@ -142,7 +146,7 @@ class Program {
   static constexpr std::size_t kLongestRun = 256;
 
   void Link(const std::vector<Step>& steps, std::vector<Instruction>& linked);
-  [[nodiscard]] Instruction Link(const Step& step);
+  [[nodiscard]] Instruction OperandsOf(const Step& step);
 
   std::vector<Step> mUniformSteps;
   std::vector<Step> mVaryingSteps;

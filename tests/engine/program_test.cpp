@@ -97,28 +97,106 @@ TEST(Program, keeps_a_failure_through_every_operation) {
   }
 }
 
-// Every operation over columns, on both instruction sets: the bits of the single value wherever the loop
-// gives a number.
-TEST(Columns, have_the_bits_of_single_values) {
-  const std::array values{-1e300, -37.5, -3.0, -2.0, -1.0, -0.75, -0.0,  0.0,
-                          1e-310, 0.25,  0.5,  1.0,  2.0,  3.5,   170.0, 1e9};
-  for (const ColumnWidth width : {ColumnWidth::Sse2, WidestColumns()}) {
+constexpr std::array kOperands{-1e300, -37.5, -3.0, -2.0, -1.0, -0.75, -0.0,  0.0,
+                               1e-310, 0.25,  0.5,  1.0,  2.0,  3.5,   170.0, 1e9};
+using Results = std::array<double, kOperands.size()>;
+
+// The instruction sets of this processor, each once.
+std::vector<const ColumnCode*> ColumnCodes() {
+  if (WidestColumns() == ColumnWidth::Sse2) return {&kSse2Columns};
+  return {&kSse2Columns, &kAvx2Columns};
+}
+
+// What a loop makes of kOperands in the accumulator.
+Results ColumnResults(ColumnRun run, const ColumnOperand& operand, const ColumnOperand& second) {
+  Results out{};
+  run({out.data(), kOperands.data(), operand, second, out.size() / kColumnGroup});
+  return out;
+}
+
+// The loops give a number or leave the point to the single value.
+void ExpectBits(double column, double single, const std::string& what) {
+  if (!std::isfinite(column)) return;
+  EXPECT_EQ(std::bit_cast<std::uint64_t>(column), std::bit_cast<std::uint64_t>(single)) << what;
+}
+
+TEST(Columns, have_the_bits_of_single_values_in_every_operation_and_form) {
+  Results others = kOperands;
+  std::ranges::rotate(others, others.begin() + 5);
+  for (const ColumnCode* columns : ColumnCodes()) {
     for (OperationCode code = 0; code < operations::kCodeCount; ++code) {
       if (!HasOperation(code)) continue;
-      const ColumnForms& forms = (width == ColumnWidth::Avx2 ? kAvx2Columns : kSse2Columns).forms(code);
-      std::array<double, values.size()> out{};
+      const ColumnForms& forms = columns->forms(code);
+      if (code >= operations::kFirstOfOne) {
+        const Results out = ColumnResults(forms.ofAccumulator, {}, {});
+        for (std::size_t i = 0; i < out.size(); ++i)
+          ExpectBits(out[i], RunOperation(code, kOperands[i]), OperationName(code));
+        continue;
+      }
       for (const double uniform : {-2.0, 0.5, 2.0, 3.0}) {
-        const ColumnArguments arguments{
-            out.data(), values.data(), nullptr, uniform, 0, values.size() / kColumnGroup};
-        (code < operations::kFirstOfOne ? forms.uniformRight : forms.ofAccumulator)(arguments);
-        for (std::size_t i = 0; i < values.size(); ++i) {
-          if (!std::isfinite(out[i])) continue;
-          const double single = RunOperation(code, values[i], uniform);
-          EXPECT_EQ(std::bit_cast<std::uint64_t>(out[i]), std::bit_cast<std::uint64_t>(single))
-              << OperationName(code) << ' ' << values[i] << ' ' << uniform;
+        const ColumnOperand operand{others.data(), uniform};
+        const Results right = ColumnResults(forms.uniformRight, operand, {});
+        const Results left = ColumnResults(forms.uniformLeft, operand, {});
+        const Results columnRight = ColumnResults(forms.columnRight, operand, {});
+        const Results columnLeft = ColumnResults(forms.columnLeft, operand, {});
+        for (std::size_t i = 0; i < kOperands.size(); ++i) {
+          const double x = kOperands[i];
+          ExpectBits(right[i], RunOperation(code, x, uniform), OperationName(code));
+          ExpectBits(left[i], RunOperation(code, uniform, x), OperationName(code));
+          ExpectBits(columnRight[i], RunOperation(code, x, others[i]), OperationName(code));
+          ExpectBits(columnLeft[i], RunOperation(code, others[i], x), OperationName(code));
         }
       }
     }
+  }
+}
+
+TEST(Columns, have_the_bits_of_two_single_operations_in_every_pair) {
+  Results firsts = kOperands;
+  Results seconds = kOperands;
+  std::ranges::rotate(firsts, firsts.begin() + 5);
+  std::ranges::rotate(seconds, seconds.begin() + 9);
+  const ColumnOperand operand{firsts.data(), 0.75};
+  const ColumnOperand second{seconds.data(), -3.0};
+  int pairs = 0;
+  for (const ColumnCode* columns : ColumnCodes()) {
+    for (OperationCode a = 0; a < operations::kCodeCount; ++a) {
+      for (OperationCode b = 0; b < operations::kFirstOfOne; ++b) {
+        const ColumnPairForms* const forms = columns->pairForms(a, b);
+        if (!forms) continue;
+        ++pairs;
+        for (const bool firstIsColumn : {false, true}) {
+          for (const bool secondIsColumn : {false, true}) {
+            const ColumnRun run = (*forms)[firstIsColumn ? 1 : 0][secondIsColumn ? 1 : 0];
+            if (!run) continue;
+            const Results out = ColumnResults(run, operand, second);
+            for (std::size_t i = 0; i < out.size(); ++i) {
+              const double between = RunOperation(a, kOperands[i], firstIsColumn ? firsts[i] : 0.75);
+              const double single = RunOperation(b, between, secondIsColumn ? seconds[i] : -3.0);
+              ExpectBits(out[i], single, OperationName(a) + ", " + OperationName(b));
+            }
+          }
+        }
+      }
+    }
+  }
+  EXPECT_GE(pairs, 28);
+}
+
+// Long enough for every way of joining steps, at each place of a run and across its end.
+TEST(Program, gives_the_same_for_steps_joined_in_any_way) {
+  const std::array<std::string, 5> pieces{"+x", "*0.5", "-x^2", "+3*x-1", "/2+sin(x)"};
+  std::string text = "x";
+  for (std::size_t i = 0; i < 400; ++i) {
+    text += pieces[i * i % pieces.size()];
+    clsExp expression;
+    expression.CreateNewVarTable();
+    ASSERT_TRUE(expression.GetVarTable()->Change("x", Value(0.625)));
+    Value exact;
+    ASSERT_TRUE(expression.Evaluate(text, exact));
+    const auto program = ProgramOf(text);
+    ASSERT_NE(program, nullptr);
+    ASSERT_EQ(Value(program->Run(0.625)), exact) << text;
   }
 }
 
