@@ -13,6 +13,10 @@
 namespace plotvane::bench {
 namespace {
 
+[[noreturn]] void Fail() {
+  throw std::runtime_error("evaluation failed");
+}
+
 // Times `call(x)` at every point; `call` is copied into the loop, so only what it calls costs.
 template <typename Call>
 void TimeCalls(benchmark::State& state, const Workload& workload, Call call) {
@@ -45,7 +49,7 @@ void RegisterScalar() {
       engine::Curve curve(recording.expression, "x");
       TimeCalls(state, workload, [&curve](double x) {
         double y = 0;
-        if (!curve.At(x, y)) throw std::runtime_error("evaluation failed");
+        if (!curve.At(x, y)) Fail();
         return y;
       });
     });
