@@ -18,4 +18,12 @@ void Dialog::Unload() {
   if (const auto forms = std::exchange(mForms, nullptr)) forms->Remove(*this);
 }
 
+void CloseDialogsOf(const Graph& graph) {
+  const auto open = OpenForms::OfThisThread()->Forms();  // a copy: closing takes out of the list
+  for (const auto& form : open) {
+    const auto dialog = std::dynamic_pointer_cast<Dialog>(form);
+    if (dialog && dialog->EditedGraph().get() == &graph) dialog->Unload();
+  }
+}
+
 }  // namespace plotvane::control

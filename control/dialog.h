@@ -40,4 +40,7 @@ template <typename Kind>
   return nullptr;
 }
 
+// Closes the dialogs of this control without writing; those of other controls stay.
+void CloseDialogsOf(const Graph& graph);
+
 }  // namespace plotvane::control

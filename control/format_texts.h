@@ -58,7 +58,7 @@ struct FormatBarText {
   std::string_view name;
   std::string_view boxName;
   std::string_view boxTooltip;
-  std::string_view subject;  // opens the texts of its messages
+  std::string_view subject;  // opens the texts of its messages, names the bar for screen readers
   std::string_view messageTitle;
   int minimum;
   int maximum;

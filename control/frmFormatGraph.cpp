@@ -27,14 +27,21 @@ double WholeNumberIn(std::string_view text) {
 }  // namespace
 
 void frmFormatGraph::ShowFormat(Graph& graph) {
-  auto form = FindOpenDialog<frmFormatGraph>(graph);
-  if (!form) {
-    form = std::make_shared<frmFormatGraph>();
-    form->mFormatView = graph.GetFace().CreateFormatView(form);
-    form->Open(graph.shared_from_this(), form->mFormatView);
+  if (const auto open = FindOpenDialog<frmFormatGraph>(graph)) return open->FillAndShow(graph);
+  const auto form = std::make_shared<frmFormatGraph>();
+  form->mFormatView = graph.GetFace().CreateFormatView(form);
+  form->Open(graph.shared_from_this(), form->mFormatView);
+  try {
+    form->FillAndShow(graph);
+  } catch (...) {
+    form->Unload();  // never shown, so it must not stay open
+    throw;
   }
-  form->Fill(graph);
-  form->mFormatView->Show();
+}
+
+void frmFormatGraph::FillAndShow(Graph& graph) {
+  Fill(graph);
+  mFormatView->Show();
 }
 
 // ---- Filling ----

@@ -15,7 +15,9 @@ namespace plotvane::control {
 // through the control's own properties.
 class frmFormatGraph : public Dialog, public FormatEvents {
  public:
-  // Keeps the control, fills the dialog from it and shows it without waiting for it.
+  // Keeps the control, fills the dialog from it and shows it without waiting for it. When the control cannot
+  // be read (it has no surface), the error goes to the caller and a dialog that was not open yet stays
+  // closed.
   static void ShowFormat(Graph& graph);
 
   void OkPressed() override;
@@ -27,6 +29,7 @@ class frmFormatGraph : public Dialog, public FormatEvents {
   void BoxEntered(FormatBar bar) override;
 
  private:
+  void FillAndShow(Graph& graph);
   void Fill(Graph& graph);
   void Write(Graph& graph);
   void SetOption(FormatOption option, bool selected);

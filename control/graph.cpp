@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "control/dialog.h"
 #include "control/frmFormatGraph.h"
 #include "platform/conversions.h"
 #include "platform/number_text.h"
@@ -261,7 +262,13 @@ void Graph::SetYArray(std::vector<std::shared_ptr<graph::YFunction>> functions, 
 
 void Graph::ShowFormatEditor() {
   const auto keep = shared_from_this();
+  if (mDesignMode) return;
   frmFormatGraph::ShowFormat(*this);
+}
+
+void Graph::SetDesignMode(bool designing) {
+  mDesignMode = designing;
+  if (designing) CloseDialogsOf(*this);
 }
 
 std::shared_ptr<graph::DrawingSurface> Graph::GetGraphPicture() const noexcept {

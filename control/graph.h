@@ -83,6 +83,7 @@ class Graph : public std::enable_shared_from_this<Graph> {
   void PrepareGraph();
   // The functions Y1, Y2, … as shared objects; none of them is null.
   void SetYArray(std::vector<std::shared_ptr<graph::YFunction>> functions, bool redrawGraph = true);
+  // Nothing in a designer.
   void ShowFormatEditor();
   [[nodiscard]] std::int32_t GetGraphHDC();
   [[nodiscard]] std::int32_t GetGraphWidth();
@@ -101,8 +102,9 @@ class Graph : public std::enable_shared_from_this<Graph> {
   [[nodiscard]] PixelSize Size() const noexcept { return mSize; }
   // What the user does.
   [[nodiscard]] Gestures& Events() noexcept { return mGestures; }
-  // In a host's designer the control shows its axes and lets the user do nothing.
-  void SetDesignMode(bool designing) noexcept { mDesignMode = designing; }
+  // In a host's designer the control shows its axes, lets the user do nothing and opens no dialogs; its open
+  // ones are closed.
+  void SetDesignMode(bool designing);
   [[nodiscard]] bool IsDesignMode() const noexcept { return mDesignMode; }
 
  private:

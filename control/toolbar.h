@@ -57,6 +57,11 @@ inline constexpr std::size_t kToolBarItemCount = kToolBarItems.size();
   return static_cast<std::size_t>(item);
 }
 
+// What screen readers call the controls that have neither a caption nor a label that is shown.
+inline constexpr std::string_view kSpinnerName = "Function number";
+inline constexpr std::string_view kSimpleName = "Message";
+inline constexpr std::string_view kStatusBar1Name = "Position";
+
 // The number of the function that trace and evaluation use, as `txtUserCurY` starts.
 inline constexpr std::string_view kFirstFunctionText = "1";
 

@@ -99,7 +99,7 @@ bool ControlWindowImplementation::Create(HWND parent, const RECT& rect) {
                                        .extendedStyle = WS_EX_CONTROLPARENT,
                                        .rect = rect,
                                        .parent = parent,
-                                       .background = ::GetSysColorBrush(COLOR_BTNFACE)});
+                                       .background = SystemBackground(COLOR_BTNFACE)});
   if (!created) return false;
   CreateChildren();
   HandleSize(rect.right - rect.left, rect.bottom - rect.top);
@@ -140,7 +140,9 @@ LRESULT ControlWindowImplementation::HandleMessage(UINT message, WPARAM wParam, 
     case WM_COMMAND: return HandleCommand(LOWORD(wParam), HIWORD(wParam)), 0;
     case WM_NOTIFY: return HandleNotify(*reinterpret_cast<const NMHDR*>(lParam));
     case WM_SETFOCUS: return TakeFocus(), 0;
-    case WM_SYSCOLORCHANGE:
+    case WM_SYSCOLORCHANGE: return SpreadSystemColours(Handle()), 0;
+    case WM_CTLCOLORSTATIC: return ColourFaceText(reinterpret_cast<HDC>(wParam));
+    case WM_SETTINGCHANGE:
     case WM_THEMECHANGED:
     case kDpiChangedAfterParent: return RefreshAppearance(), 0;
     case WM_NCDESTROY:
@@ -182,6 +184,13 @@ LRESULT ControlWindowImplementation::HandleNotify(const NMHDR& header) {
   const auto& change = reinterpret_cast<const NMUPDOWN&>(header);
   if (const auto events = Events()) events->SpinnerChanged(change.iPos + change.iDelta);
   return TRUE;
+}
+
+// Label and status boxes stand on the colour of the buttons, so they have the colour of their captions.
+LRESULT ControlWindowImplementation::ColourFaceText(HDC context) {
+  ::SetTextColor(context, ::GetSysColor(COLOR_BTNTEXT));
+  ::SetBkColor(context, ::GetSysColor(COLOR_BTNFACE));
+  return reinterpret_cast<LRESULT>(::GetSysColorBrush(COLOR_BTNFACE));
 }
 
 void ControlWindowImplementation::MeasureAgain() {

@@ -113,6 +113,7 @@ class ControlWindowImplementation final : public ControlWindow,
   LRESULT HandleNotify(const NMHDR& header);
   void HandleSize(int width, int height);
   void MeasureAgain();
+  [[nodiscard]] static LRESULT ColourFaceText(HDC context);
 
   // The keys of the control itself, and those that the host's loop would otherwise handle.
   bool HandleKey(HWND window, WPARAM key);

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "control/win32/floating_point_state.h"
+#include "control/win32/window.h"
 
 namespace plotvane::control::win32 {
 
@@ -50,6 +51,7 @@ INT_PTR DialogWindow::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_INITDIALOG: return Init(), TRUE;
     case WM_COMMAND: return HandleCommand(LOWORD(wParam), HIWORD(wParam)), TRUE;
+    case WM_SYSCOLORCHANGE: SpreadSystemColours(mDialog); return HandleOther(message, wParam, lParam);
     case WM_CLOSE: return HandleCommand(IDCANCEL, BN_CLICKED), TRUE;
     case WM_DESTROY:
       if (const auto pump = std::exchange(mPump, nullptr)) pump->Remove(mDialog);

@@ -66,6 +66,12 @@ void DrawDot(HDC target, const Scale& scale, graph::PixelPoint point, COLORREF c
 
 }  // namespace
 
+COLORREF PlainColour(graph::Colour colour) noexcept {
+  const auto bits = static_cast<std::uint32_t>(colour);
+  if (colour >= 0) return bits & 0xFFFFFFu;
+  return ::GetSysColor(static_cast<int>(bits & 0xFFu));
+}
+
 void DisplayList::Clear() noexcept {
   mSteps.clear();
   mComplete = true;
@@ -76,16 +82,7 @@ void DisplayList::GiveUp() noexcept {
   mComplete = false;
 }
 
-void DisplayList::AddPixel(graph::PixelPoint point, COLORREF colour, std::int16_t penWidth) {
-  Add({point, point, colour, penWidth, false});
-}
-
-void DisplayList::AddLine(graph::PixelPoint from, graph::PixelPoint to, COLORREF colour,
-                          std::int16_t penWidth) {
-  Add({from, to, colour, penWidth, true});
-}
-
-void DisplayList::Add(const Step& step) {
+void DisplayList::Add(const DrawingStep& step) {
   if (!mComplete) return;
   if (mSteps.size() == kMostSteps) {
     GiveUp();
@@ -100,15 +97,15 @@ void DisplayList::DrawTo(HDC target, const RECT& area, PixelSize size) const {
   FillBox(target, area, ::GetSysColor(COLOR_WINDOW));
   const Scale scale(area, size);
   OwnedPen pen;
-  const Step* last = nullptr;
-  for (const Step& step : mSteps) {
+  const DrawingStep* last = nullptr;
+  for (const DrawingStep& step : mSteps) {
     const int width = std::max<int>(step.penWidth, 1);
     if (!step.isLine) {
-      DrawDot(target, scale, step.from, step.colour, width);
+      DrawDot(target, scale, step.from, PlainColour(step.colour), width);
       continue;
     }
     if (last == nullptr || last->colour != step.colour || last->penWidth != step.penWidth) {
-      OwnedPen next(::CreatePen(PS_SOLID, scale.Length(width), step.colour));
+      OwnedPen next(::CreatePen(PS_SOLID, scale.Length(width), PlainColour(step.colour)));
       ::SelectObject(target, next.Get());
       pen = std::move(next);
     }

@@ -1,4 +1,5 @@
-// DisplayList: what was drawn on the surface since it was last cleared, to be drawn again elsewhere as lines.
+// DisplayList: what was drawn on the surface since it was last cleared, to be drawn again: as lines
+// elsewhere, or in other system colours.
 #pragma once
 
 #include <windows.h>
@@ -12,6 +13,18 @@
 
 namespace plotvane::control::win32 {
 
+// A colour as it is now: the system's own ones stand behind negative numbers, bit 31 and their index.
+[[nodiscard]] COLORREF PlainColour(graph::Colour colour) noexcept;
+
+// One line, or one dot where `isLine` is false; `to` is then the same point.
+struct DrawingStep {
+  graph::PixelPoint from;
+  graph::PixelPoint to;
+  graph::Colour colour;
+  std::int16_t penWidth;  // as it was set: below 1 too
+  bool isLine;
+};
+
 // The surface keeps one beside its bitmap, so that metafiles and printers get lines instead of pixels. The
 // list gives up when somebody else can draw too (a host that asked for the device context) and when a picture
 // has more steps than a metafile is good for; the bitmap is the picture then.
@@ -20,28 +33,19 @@ class DisplayList {
   void Clear() noexcept;
   // Somebody else may draw from now on, until the next Clear.
   void GiveUp() noexcept;
-  void AddPixel(graph::PixelPoint point, COLORREF colour, std::int16_t penWidth);
-  void AddLine(graph::PixelPoint from, graph::PixelPoint to, COLORREF colour, std::int16_t penWidth);
+  void Add(const DrawingStep& step);
 
   // Whether the list tells the whole picture.
   [[nodiscard]] bool IsComplete() const noexcept { return mComplete; }
+  [[nodiscard]] const std::vector<DrawingStep>& Steps() const noexcept { return mSteps; }
 
   // Draws the picture of `size` pixels into `area` (logical units of the target), background first, clipped.
   void DrawTo(HDC target, const RECT& area, PixelSize size) const;
 
  private:
-  struct Step {
-    graph::PixelPoint from;
-    graph::PixelPoint to;
-    COLORREF colour;
-    std::int16_t penWidth;
-    bool isLine;
-  };
   static constexpr std::size_t kMostSteps = 200'000;
 
-  void Add(const Step& step);
-
-  std::vector<Step> mSteps;
+  std::vector<DrawingStep> mSteps;
   bool mComplete = true;
 };
 

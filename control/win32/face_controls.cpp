@@ -32,10 +32,15 @@ SystemControl ControlFor(ItemKind kind) {
 }
 
 HWND CreateControl(HINSTANCE module, HWND parent, const SystemControl& control, std::string_view text,
-                   int id) {
+                   int id = -1) {
   return ::CreateWindowExW(control.extendedStyle, control.className, ToWide(text).c_str(),
                            WS_CHILD | WS_CLIPSIBLINGS | control.style, 0, 0, 0, 0, parent,
                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), module, nullptr);
+}
+
+// Screen readers take the label before a control for its name, also one that is never shown.
+void NameNext(HINSTANCE module, HWND parent, std::string_view name) {
+  CreateControl(module, parent, ControlFor(ItemKind::Label), name);
 }
 
 void PlaceOne(HWND window, const PixelRect& rect) {
@@ -54,8 +59,8 @@ void FaceControls::Create(HINSTANCE module, HWND parent, KeyboardFilter& filter)
   mTooltips.Create(module, parent);
   for (const ToolBarItemText& row : kToolBarItems) {
     const auto index = static_cast<int>(IndexOf(row.item));
-    const HWND control =
-        CreateControl(module, parent, ControlFor(row.kind), row.caption, kFirstItemId + index);
+    const std::string_view text = row.kind == ItemKind::Spinner ? kSpinnerName : row.caption;  // never shown
+    const HWND control = CreateControl(module, parent, ControlFor(row.kind), text, kFirstItemId + index);
     mItems[IndexOf(row.item)] = control;
     InstallFilter(control, filter);
     mTooltips.Add(control, row.tooltip);
@@ -67,7 +72,9 @@ void FaceControls::Create(HINSTANCE module, HWND parent, KeyboardFilter& filter)
   ::SendMessageW(spinner, UDM_SETPOS32, 0, kSpinnerRest);
 
   const SystemControl status{WC_EDITW, ES_READONLY | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE};
+  NameNext(module, parent, kSimpleName);
   mSimple = CreateControl(module, parent, status, "", kStatusId);
+  NameNext(module, parent, kStatusBar1Name);
   mStatusBar1 = CreateControl(module, parent, status, "", kStatusId + 1);
   for (const HWND box : {mSimple, mStatusBar1}) InstallFilter(box, filter);
 }

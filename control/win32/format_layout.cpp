@@ -26,8 +26,8 @@ constexpr DialogRect kNoteRect{7, 7, 276, 8};
 constexpr DialogRect kPenWidthLabelRect{154, 97, 40, 8};
 constexpr DialogRect kPreviewLabelRect{234, 94, 40, 8};
 constexpr DialogRect kPreviewRect{234, 104, 42, 32};
-constexpr DialogRect kHighDensityRect{13, 174, 125, 18};
-constexpr DialogRect kLowDensityRect{152, 174, 125, 18};
+constexpr DialogRect kHighDensityRect{13, 174, 264, 8};
+constexpr DialogRect kLowDensityRect{13, 184, 264, 8};
 constexpr DialogRect kSaveRect{140, 203, 78, 14};
 constexpr DialogRect kCancelRect{223, 203, 60, 14};
 
@@ -37,8 +37,8 @@ struct BarRects {
 };
 // In the order of FormatBar.
 constexpr std::array<BarRects, kFormatBarCount> kBarRects{{
-    {{154, 114, 72, 11}, {198, 95, 28, 13}},
-    {{13, 159, 226, 11}, {245, 158, 32, 13}},
+    {{154, 114, 72, 11}, {198, 95, 28, 12}},
+    {{13, 159, 226, 11}, {245, 158, 32, 12}},
 }};
 
 constexpr int kOptionHeight = 10;
@@ -51,8 +51,8 @@ const DialogRect& RectOf(FormatGroup group) {
 DialogRect OptionRect(const FormatOptionText& option, bool second) {
   const DialogRect& group = RectOf(option.group);
   const int firstWidth = group.width * 13 / 24;  // the longest caption is a first one
-  const int left = second ? 6 + firstWidth : 6;
-  const int width = second ? group.width - 12 - firstWidth : firstWidth;
+  const int left = second ? 8 + firstWidth : 6;
+  const int width = second ? group.width - 14 - firstWidth : firstWidth;
   return {group.left + left, group.top + 12, width, kOptionHeight};
 }
 
@@ -74,13 +74,16 @@ void AddOptions(DialogTemplate& description) {
   }
 }
 
+// Screen readers take the label or group before the box for its name; the bar's text, which is never shown,
+// is its own.
 void AddBar(DialogTemplate& description, FormatBar bar) {
   const auto index = static_cast<std::size_t>(bar);
   const BarRects& rects = kBarRects.at(index);
   const int number = static_cast<int>(index);
   description.Add(
       {L"EDIT", "", rects.box, WS_TABSTOP | ES_AUTOHSCROLL, kFirstBox + number, WS_EX_CLIENTEDGE});
-  description.Add({L"SCROLLBAR", "", rects.bar, WS_TABSTOP | SBS_HORZ, kFirstBar + number});
+  description.Add(
+      {L"SCROLLBAR", kFormatBars.at(index).subject, rects.bar, WS_TABSTOP | SBS_HORZ, kFirstBar + number});
 }
 
 void AddText(DialogTemplate& description, std::string_view text, const DialogRect& rect, int id,

@@ -80,6 +80,7 @@ INT_PTR FormatWindow::HandleOther(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_HSCROLL: return Scroll(reinterpret_cast<HWND>(lParam), LOWORD(wParam)), TRUE;
     case WM_CTLCOLOREDIT: return ColourOf(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
+    case WM_SYSCOLORCHANGE: return mPreview.RedrawInSystemColours(), TRUE;
     case WM_DRAWITEM: return PaintPreview(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)), TRUE;
     default: return FALSE;
   }

@@ -3,18 +3,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "graph/colours.h"
 #include "platform/runtime_error.h"
 
 namespace plotvane::control::win32 {
 
 namespace {
-
-// The system's own colours stand behind negative numbers: bit 31 and their index.
-COLORREF PlainColour(graph::Colour colour) noexcept {
-  const auto bits = static_cast<std::uint32_t>(colour);
-  if (colour >= 0) return bits & 0xFFFFFFu;
-  return ::GetSysColor(static_cast<int>(bits & 0xFFu));
-}
 
 [[noreturn]] void ThrowOutOfMemory() {
   throw platform::RunTimeError(platform::StandardError::OutOfMemory);
@@ -88,72 +82,76 @@ void GdiSurface::Clear() {
 void GdiSurface::SetPersistentDrawing(bool) {}
 
 void GdiSurface::SetPixel(graph::PixelPoint point, graph::Colour colour) {
-  DrawPixel(point, PlainColour(colour));
+  Add({point, point, colour, mPenWidth, false});
 }
 
 void GdiSurface::SetPixel(graph::PixelPoint point) {
-  DrawPixel(point, ::GetSysColor(COLOR_WINDOWTEXT));
+  SetPixel(point, graph::kWindowText);
 }
 
 void GdiSurface::Line(graph::PixelPoint from, graph::PixelPoint to, graph::Colour colour) {
-  DrawLine(from, to, PlainColour(colour));
+  Add({from, to, colour, mPenWidth, true});
 }
 
 void GdiSurface::Line(graph::PixelPoint from, graph::PixelPoint to) {
-  DrawLine(from, to, ::GetSysColor(COLOR_WINDOWTEXT));
+  Line(from, to, graph::kWindowText);
 }
 
-void GdiSurface::DrawPixel(graph::PixelPoint point, COLORREF colour) {
-  mSteps.AddPixel(point, colour, mPenWidth);
-  if (mPenWidth > 1) {
-    DrawDisc(point, colour);
-  } else {
-    ::SetPixelV(mContext.get(), point.x, point.y, colour);
-  }
+void GdiSurface::Add(const DrawingStep& step) {
+  mSteps.Add(step);
+  Draw(step);
   Invalidate();
 }
 
 // A stroke of no length is its round cap; not every version of the system draws one by itself.
-void GdiSurface::DrawLine(graph::PixelPoint from, graph::PixelPoint to, COLORREF colour) {
-  mSteps.AddLine(from, to, colour, mPenWidth);
-  if (mPenWidth > 1 && from == to) {
-    DrawDisc(from, colour);
+void GdiSurface::Draw(const DrawingStep& step) {
+  const COLORREF colour = PlainColour(step.colour);
+  if (step.penWidth > 1 && step.from == step.to) {
+    DrawDisc(step.from, colour, step.penWidth);
+  } else if (step.isLine) {
+    SelectPen(colour, step.penWidth);
+    ::MoveToEx(mContext.get(), step.from.x, step.from.y, nullptr);
+    ::LineTo(mContext.get(), step.to.x, step.to.y);
   } else {
-    SelectPen(colour);
-    ::MoveToEx(mContext.get(), from.x, from.y, nullptr);
-    ::LineTo(mContext.get(), to.x, to.y);
+    ::SetPixelV(mContext.get(), step.from.x, step.from.y, colour);
   }
-  Invalidate();
 }
 
-void GdiSurface::DrawDisc(graph::PixelPoint centre, COLORREF colour) noexcept {
-  const int left = centre.x - mPenWidth / 2;
-  const int top = centre.y - mPenWidth / 2;
+void GdiSurface::DrawDisc(graph::PixelPoint centre, COLORREF colour, int diameter) noexcept {
+  const int left = centre.x - diameter / 2;
+  const int top = centre.y - diameter / 2;
   ::SelectObject(mContext.get(), ::GetStockObject(DC_PEN));
   ::SetDCPenColor(mContext.get(), colour);
   ::SetDCBrushColor(mContext.get(), colour);
   const HGDIOBJ brush = ::SelectObject(mContext.get(), ::GetStockObject(DC_BRUSH));
-  ::Ellipse(mContext.get(), left, top, left + mPenWidth, top + mPenWidth);
+  ::Ellipse(mContext.get(), left, top, left + diameter, top + diameter);
   ::SelectObject(mContext.get(), brush);
 }
 
 // One-pixel lines use the context's own pen, of which only the colour changes; a wide pen is made anew for
 // each width and colour.
-void GdiSurface::SelectPen(COLORREF colour) {
-  if (mPenWidth <= 1) {
+void GdiSurface::SelectPen(COLORREF colour, int width) {
+  if (width <= 1) {
     ::SelectObject(mContext.get(), ::GetStockObject(DC_PEN));
     ::SetDCPenColor(mContext.get(), colour);
     return;
   }
-  if (!mWidePen || mWidePenColour != colour || mWidePenWidth != mPenWidth) {
-    Pen pen(::CreatePen(PS_SOLID, mPenWidth, colour));
+  if (!mWidePen || mWidePenColour != colour || mWidePenWidth != width) {
+    Pen pen(::CreatePen(PS_SOLID, width, colour));
     if (!pen) ThrowOutOfMemory();
     ::SelectObject(mContext.get(), mFirstPen);  // a selected pen is never destroyed
     mWidePen = std::move(pen);
     mWidePenColour = colour;
-    mWidePenWidth = mPenWidth;
+    mWidePenWidth = width;
   }
   ::SelectObject(mContext.get(), mWidePen.get());
+}
+
+void GdiSurface::RedrawInSystemColours() {
+  if (!mSteps.IsComplete()) return;
+  FillBackground(mWidth, mHeight);
+  for (const DrawingStep& step : mSteps.Steps()) Draw(step);
+  Invalidate();
 }
 
 // Asks once for a repaint, which takes in all that is drawn until it happens.

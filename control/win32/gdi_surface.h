@@ -39,6 +39,10 @@ class GdiSurface : public graph::DrawingSurface {
   // Copies the part `area` (in pixels) to the same place of a window's device context: the window's WM_PAINT.
   void Paint(HDC target, const RECT& area) noexcept;
 
+  // The system's colours are other ones now: the picture is drawn again in them. One that somebody else drew
+  // on stays as it is.
+  void RedrawInSystemColours();
+
   [[nodiscard]] HDC Context() const noexcept { return mContext.get(); }
   [[nodiscard]] HBITMAP Bitmap() const noexcept { return mBitmap.get(); }
 
@@ -73,17 +77,17 @@ class GdiSurface : public graph::DrawingSurface {
   using MemoryContext = std::unique_ptr<std::remove_pointer_t<HDC>, DeleteContext>;
 
   void FillBackground(std::int32_t width, std::int32_t height) noexcept;
-  void DrawPixel(graph::PixelPoint point, COLORREF colour);
-  void DrawLine(graph::PixelPoint from, graph::PixelPoint to, COLORREF colour);
-  void DrawDisc(graph::PixelPoint centre, COLORREF colour) noexcept;
-  void SelectPen(COLORREF colour);
+  void Add(const DrawingStep& step);
+  void Draw(const DrawingStep& step);
+  void DrawDisc(graph::PixelPoint centre, COLORREF colour, int diameter) noexcept;
+  void SelectPen(COLORREF colour, int width);
   void Invalidate() noexcept;
 
   // In the order of making; the context lets go of bitmap and pen before they are destroyed.
   OwnedBitmap mBitmap;
   Pen mWidePen;
   COLORREF mWidePenColour = 0;
-  std::int16_t mWidePenWidth = 0;
+  int mWidePenWidth = 0;
   MemoryContext mContext;
   HGDIOBJ mFirstBitmap = nullptr;  // what the context held when it was made
   HGDIOBJ mFirstPen = nullptr;

@@ -57,6 +57,7 @@ LRESULT SurfaceView::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (LOWORD(lParam) != HTCLIENT) break;
       ::SetCursor(mCursors.Get(mPointer));
       return TRUE;
+    case WM_SYSCOLORCHANGE: return mSurface->RedrawInSystemColours(), 0;
     case WM_NCDESTROY: mSurface->SetWindow(nullptr); break;
     default: break;
   }

@@ -71,4 +71,18 @@ LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPA
   }
 }
 
+namespace {
+
+BOOL CALLBACK SendSystemColourChange(HWND window, LPARAM) {
+  ::SendMessageW(window, WM_SYSCOLORCHANGE, 0, 0);
+  return TRUE;
+}
+
+}  // namespace
+
+void SpreadSystemColours(HWND window) noexcept {
+  ::EnumChildWindows(window, &SendSystemColourChange, 0);
+  ::RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
 }  // namespace plotvane::control::win32

@@ -30,8 +30,12 @@ class Window {
     DWORD extendedStyle = 0;
     RECT rect{};
     HWND parent = nullptr;
-    HBRUSH background = nullptr;  // a system brush; null for a window that paints all of itself
+    HBRUSH background = nullptr;  // null for a window that paints all of itself
   };
+  // A background that follows the system's colour of that index.
+  [[nodiscard]] static HBRUSH SystemBackground(int colourIndex) noexcept {
+    return reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(colourIndex) + 1);
+  }
 
   // Registers the window class for the module when it is not, then makes the window; false when the system
   // refuses.
@@ -51,5 +55,9 @@ class Window {
   HINSTANCE mModule = nullptr;
   const wchar_t* mClassName = nullptr;
 };
+
+// The system's colours have changed: tells the windows inside, of which the system tells none, and has
+// everything painted again.
+void SpreadSystemColours(HWND window) noexcept;
 
 }  // namespace plotvane::control::win32

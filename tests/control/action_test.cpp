@@ -119,5 +119,28 @@ TEST(Action, in_a_designer_the_user_can_do_nothing) {
   EXPECT_EQ(control.face->simpleTexts.size(), 0U);
 }
 
+TEST(Action, a_designer_opens_no_dialog) {
+  const Control control;
+  control.graph->SetDesignMode(true);
+  control.graph->ShowFormatEditor();
+  control.Press(ToolBarItem::cmdRange);
+  EXPECT_EQ(control.face->format, nullptr);
+  EXPECT_EQ(control.face->fields, nullptr);
+}
+
+TEST(Action, going_to_a_designer_closes_the_dialogs_of_that_control_without_writing) {
+  const Control control;
+  const Control other;
+  control.Press(ToolBarItem::cmdRange);
+  other.Press(ToolBarItem::cmdRange);
+  control.graph->ShowFormatEditor();
+  control.face->fields->editTexts[0] = "5";
+  control.graph->SetDesignMode(true);
+  EXPECT_FALSE(control.face->fields->shown);
+  EXPECT_FALSE(control.face->format->shown);
+  EXPECT_EQ(control.Engine().Xmin, -10);
+  EXPECT_TRUE(other.face->fields->shown);
+}
+
 }  // namespace
 }  // namespace plotvane::control::test

@@ -330,6 +330,22 @@ TEST_F(Format, enter_accepts_the_whole_part_within_the_bounds_and_refuses_the_re
   }
 }
 
+TEST_F(Format, a_control_without_a_surface_cannot_open_it_and_no_form_stays) {
+  control.graph->SetPIC(nullptr);
+  EXPECT_THROW(Open(), platform::RunTimeError);
+  EXPECT_TRUE(OpenForms::OfThisThread()->Forms().empty());
+  control.graph->SetPIC(control.face->Surface());
+  Open();
+  EXPECT_TRUE(View().shown);
+}
+
+TEST_F(Format, an_open_dialog_stays_when_the_control_has_lost_its_surface) {
+  Open();
+  control.graph->SetPIC(nullptr);
+  EXPECT_THROW(Open(), platform::RunTimeError);
+  EXPECT_TRUE(View().shown);
+}
+
 TEST_F(Format, the_dialog_is_closed_with_its_control) {
   Open();
   control.graph.reset();
