@@ -185,9 +185,10 @@ void DesktopDriver::AnswerFileDialog(const std::wstring& path) {
 // The control is the one child of the host that the host did not make itself: whatever lies at the middle of the
 // right part of the window.
 Picture DesktopDriver::CaptureGraph() const {
+  const HDC screen = ::GetDC(nullptr);
   RECT place;
   ::GetClientRect(mWindow, &place);
-  place.left = 300 * static_cast<LONG>(::GetDeviceCaps(::GetDC(nullptr), LOGPIXELSX)) / 96;
+  place.left = 300 * static_cast<LONG>(::GetDeviceCaps(screen, LOGPIXELSX)) / 96;
   POINT corner{place.left, place.top};
   ::ClientToScreen(mWindow, &corner);
   Picture picture;
@@ -201,7 +202,6 @@ Picture DesktopDriver::CaptureGraph() const {
   info.bmiHeader.biHeight = -picture.height;
   info.bmiHeader.biPlanes = 1;
   info.bmiHeader.biBitCount = 32;
-  const HDC screen = ::GetDC(nullptr);
   const HDC memory = ::CreateCompatibleDC(screen);
   const HBITMAP bitmap = ::CreateCompatibleBitmap(screen, picture.width, picture.height);
   const HGDIOBJ before = ::SelectObject(memory, bitmap);
