@@ -135,7 +135,7 @@ class FormatOnScreen : public testing::Test {
  protected:
   void SetUp() override { Open(); }
   void Open() {
-    face.HostKey(VK_F2);
+    face.Press(HostKey::ShowFormat);
     dialog = WaitForTop("Format", kDialogClass);
     ASSERT_NE(dialog, nullptr);
   }
@@ -143,16 +143,7 @@ class FormatOnScreen : public testing::Test {
   // In the order of their making: pen width, plot density.
   [[nodiscard]] HWND Box(int index) const { return FindByClass(dialog, "Edit", index); }
   [[nodiscard]] HWND Bar(int index) const { return FindByClass(dialog, "ScrollBar", index); }
-  [[nodiscard]] bool HasColour(HWND box, COLORREF colour) const {
-    RECT client{};
-    ::GetClientRect(box, &client);
-    for (int y = 0; y < client.bottom; ++y) {
-      for (int x = 0; x < client.right; ++x) {
-        if (PixelAt(box, x, y) == colour) return true;
-      }
-    }
-    return false;
-  }
+  [[nodiscard]] static bool HasColour(HWND box, COLORREF colour) { return Capture(box).Count(colour) > 0; }
   void Enter(int index, const char* text) const {
     Click(Box(index));
     RetypeText(text);

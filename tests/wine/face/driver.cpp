@@ -1,10 +1,13 @@
 #include "driver.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 
 #include "control/win32/handles.h"
 #include "control/win32/wide_text.h"
+#include "host_messages.h"
 
 namespace plotvane::test {
 namespace {
@@ -16,10 +19,6 @@ std::string ClassOf(HWND window) {
   wchar_t name[64]{};
   ::GetClassNameW(window, name, 64);
   return FromWide(name);
-}
-
-bool SameClass(HWND window, std::string_view className) {
-  return ::lstrcmpiW(ToWide(ClassOf(window)).c_str(), ToWide(className).c_str()) == 0;
 }
 
 struct Search {
@@ -60,7 +59,14 @@ bool WaitUntil(const std::function<bool()>& condition, int milliseconds) {
 }
 
 void Settle() {
-  ::Sleep(150);
+  const HWND host = ::FindWindowW(kHostClass, nullptr);
+  if (host == nullptr) return;
+  const auto last = reinterpret_cast<UINT_PTR>(::GetPropW(host, kAtRestProperty));
+  const UINT_PTR number = last % 1000 + 1;
+  ::PostMessageW(host, kComeToRestMessage, number, 0);
+  WaitUntil([&] {
+    return !::IsWindow(host) || reinterpret_cast<UINT_PTR>(::GetPropW(host, kAtRestProperty)) == number;
+  });
 }
 
 // ---- Windows ----
@@ -73,12 +79,16 @@ std::string TextOf(HWND window) {
   return FromWide(text);
 }
 
+bool HasClass(HWND window, std::string_view className) {
+  return ::lstrcmpiW(ToWide(ClassOf(window)).c_str(), ToWide(className).c_str()) == 0;
+}
+
 HWND FindTop(std::string_view title, std::string_view className) {
   Search search{[&](HWND window) {
                   wchar_t text[128]{};
                   ::GetWindowTextW(window, text, 128);
                   return ::IsWindowVisible(window) && FromWide(text) == title &&
-                         (className.empty() || SameClass(window, className));
+                         (className.empty() || HasClass(window, className));
                 },
                 nullptr};
   ::EnumWindows(&Visit, reinterpret_cast<LPARAM>(&search));
@@ -92,12 +102,22 @@ HWND WaitForTop(std::string_view title, std::string_view className) {
   return found;
 }
 
+HWND FindTooltip(std::string_view text) {
+  Search search{[&](HWND window) {
+                  return ::IsWindowVisible(window) && HasClass(window, "tooltips_class32") &&
+                         TextOf(window) == text;
+                },
+                nullptr};
+  ::EnumWindows(&Visit, reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
 HWND FindByText(HWND parent, std::string_view text) {
   return FindChild(parent, [&](HWND window) { return TextOf(window) == text; });
 }
 
 HWND FindByClass(HWND parent, std::string_view className, int index) {
-  return FindChild(parent, [&](HWND window) { return SameClass(window, className) && index-- == 0; });
+  return FindChild(parent, [&](HWND window) { return HasClass(window, className) && index-- == 0; });
 }
 
 bool IsChecked(HWND option) {
@@ -117,24 +137,29 @@ void MoveTo(HWND window, int x, int y) {
   ::ClientToScreen(window, &at);
   ::SetCursorPos(at.x, at.y);
   Mouse(MOUSEEVENTF_MOVE);
-  ::Sleep(30);
+  Settle();
+}
+
+void TakePointerAway() {
+  ::SetCursorPos(::GetSystemMetrics(SM_CXSCREEN) - 1, 0);
+  Mouse(MOUSEEVENTF_MOVE);
+  Settle();
 }
 
 void ButtonDown(bool right) {
   Mouse(right ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN);
-  ::Sleep(30);
+  Settle();
 }
 
 void ButtonUp(bool right) {
   Mouse(right ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP);
-  ::Sleep(30);
+  Settle();
 }
 
 void ClickAt(HWND window, int x, int y, bool right) {
   MoveTo(window, x, y);
   ButtonDown(right);
   ButtonUp(right);
-  Settle();
 }
 
 void Click(HWND window) {
@@ -159,7 +184,6 @@ void TypeText(std::string_view text) {
     Key(static_cast<WORD>(code & 0xFF), false);
     Key(static_cast<WORD>(code & 0xFF), true);
     if (shift) Key(VK_SHIFT, true);
-    ::Sleep(20);
   }
   Settle();
 }
@@ -180,45 +204,47 @@ COLORREF PixelAt(HWND window, int x, int y) {
   return ::GetPixel(screen.Get(), at.x, at.y);
 }
 
-void SavePicture(HWND window, const std::string& name) {
-  const char* const folder = std::getenv("PLOTVANE_PICTURES");
-  if (folder == nullptr) return;
-  ::Sleep(500);  // until all is painted
+int Picture::Count(COLORREF colour) const {
+  return static_cast<int>(std::count(pixels.begin(), pixels.end(), colour));
+}
+
+Picture Capture(HWND window) {
+  Settle();
   const RECT rect = ScreenRect(window);
+  Picture picture{rect.right - rect.left, rect.bottom - rect.top, {}};
   BITMAPINFO info{};
-  info.bmiHeader = {.biSize = sizeof(BITMAPINFOHEADER),
-                    .biWidth = rect.right - rect.left,
-                    .biHeight = rect.bottom - rect.top,
-                    .biPlanes = 1,
-                    .biBitCount = 32,
-                    .biCompression = BI_RGB,
-                    .biSizeImage = 0,
-                    .biXPelsPerMeter = 0,
-                    .biYPelsPerMeter = 0,
-                    .biClrUsed = 0,
-                    .biClrImportant = 0};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = picture.width;
+  info.bmiHeader.biHeight = -picture.height;
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  info.bmiHeader.biCompression = BI_RGB;
   void* bits = nullptr;
   const control::win32::WindowContext screen(nullptr);
   const control::win32::OwnedMemoryContext memory(::CreateCompatibleDC(screen.Get()));
   const control::win32::OwnedBitmap bitmap(
       ::CreateDIBSection(screen.Get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-  {
-    const control::win32::SelectScope selected(memory.Get(), bitmap.Get());
-    ::BitBlt(memory.Get(), 0, 0, info.bmiHeader.biWidth, info.bmiHeader.biHeight, screen.Get(), rect.left,
-             rect.top, SRCCOPY);
-    ::GdiFlush();
+  const control::win32::SelectScope selected(memory.Get(), bitmap.Get());
+  ::BitBlt(memory.Get(), 0, 0, picture.width, picture.height, screen.Get(), rect.left, rect.top, SRCCOPY);
+  ::GdiFlush();
+  const auto* const first = static_cast<const RGBQUAD*>(bits);
+  std::transform(first, first + picture.width * picture.height, std::back_inserter(picture.pixels),
+                 [](const RGBQUAD& pixel) { return RGB(pixel.rgbRed, pixel.rgbGreen, pixel.rgbBlue); });
+  return picture;
+}
+
+void SavePicture(HWND window, const std::string& name) {
+  const char* const folder = std::getenv("PLOTVANE_PICTURES");
+  if (folder == nullptr) return;
+  const Picture picture = Capture(window);
+  std::FILE* const file = std::fopen((std::string(folder) + "/" + name + ".ppm").c_str(), "wb");
+  if (file == nullptr) return;
+  std::fprintf(file, "P6 %d %d 255\n", picture.width, picture.height);
+  for (const COLORREF pixel : picture.pixels) {
+    const BYTE parts[] = {GetRValue(pixel), GetGValue(pixel), GetBValue(pixel)};
+    std::fwrite(parts, 1, sizeof parts, file);
   }
-  const auto size = static_cast<DWORD>(info.bmiHeader.biWidth * info.bmiHeader.biHeight * 4);
-  BITMAPFILEHEADER header{};
-  header.bfType = 0x4D42;  // "BM"
-  header.bfOffBits = sizeof header + sizeof info.bmiHeader;
-  header.bfSize = header.bfOffBits + size;
-  if (std::FILE* file = std::fopen((std::string(folder) + "/" + name + ".bmp").c_str(), "wb")) {
-    std::fwrite(&header, sizeof header, 1, file);
-    std::fwrite(&info.bmiHeader, sizeof info.bmiHeader, 1, file);
-    std::fwrite(bits, 1, size, file);
-    std::fclose(file);
-  }
+  std::fclose(file);
 }
 
 // ---- The program ----
@@ -245,7 +271,7 @@ bool Program::Running() const {
 
 int Program::Close() {
   if (Running()) ::PostMessageW(mTop, WM_CLOSE, 0, 0);
-  if (::WaitForSingleObject(mProcess.hProcess, 5000) != WAIT_OBJECT_0) return -1;
+  if (::WaitForSingleObject(mProcess.hProcess, 20'000) != WAIT_OBJECT_0) return -1;
   DWORD status = 0;
   ::GetExitCodeProcess(mProcess.hProcess, &status);
   return static_cast<int>(status);

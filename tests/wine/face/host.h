@@ -3,7 +3,9 @@
 
 #include <string>
 
+#include "automation.h"
 #include "driver.h"
+#include "host_messages.h"
 
 namespace plotvane::test {
 
@@ -32,14 +34,18 @@ class FaceOnScreen {
     return TextOf(FindByClass(Control(index), "Edit", 2));
   }
   bool SimpleBecomes(std::string_view text, int index = 0) const {
-    return WaitUntil([&] { return Simple(index) == text; }, 3000);
+    return WaitUntil([&] { return Simple(index) == text; });
   }
 
-  // A key that the host program itself understands.
-  void HostKey(WORD key) const {
-    ::PostMessageW(Top(), WM_APP, key, 0);
+  // What the host program itself does on request.
+  void Press(HostKey key) const {
+    ::PostMessageW(Top(), kHostKeyMessage, static_cast<WPARAM>(key), 0);
     Settle();
   }
+  // Stands for the picture that the control keeps, pixel by pixel.
+  [[nodiscard]] LRESULT PictureSum() const { return ::SendMessageW(Top(), kPictureSumMessage, 0, 0); }
+  // A number of the control, by the name of its property.
+  [[nodiscard]] double Number(const wchar_t* property) const { return Automation(Top()).Number(property); }
 
   // Chooses from the zoom menu by its mnemonic.
   void ChooseZoom(char mnemonic) const {

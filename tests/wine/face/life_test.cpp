@@ -12,7 +12,7 @@ TEST(Life, the_host_closes_while_a_message_box_is_open) {
   RetypeText("9");
   Click(face.Button("&Trace"));
   ASSERT_NE(WaitForTop("Invalid Equation", kDialogClass), nullptr);
-  face.HostKey(VK_F5);  // the control goes away under its own message box
+  face.Press(HostKey::EndFirst);  // the control goes away under its own message box
   EXPECT_EQ(face.Control(), nullptr);
   PressKey(VK_RETURN);
   EXPECT_EQ(face.Host().Close(), 0);
@@ -22,7 +22,7 @@ TEST(Life, the_host_closes_while_an_input_box_is_open) {
   FaceOnScreen face;
   Click(face.Button("&Eval"));
   ASSERT_NE(WaitForTop("Evaluate Function", kDialogClass), nullptr);
-  face.HostKey(VK_F5);
+  face.Press(HostKey::EndFirst);
   TypeText("1");
   PressKey(VK_RETURN);
   EXPECT_EQ(face.Host().Close(), 0);
@@ -31,7 +31,7 @@ TEST(Life, the_host_closes_while_an_input_box_is_open) {
 TEST(Life, the_host_closes_while_the_menu_is_open) {
   FaceOnScreen face;
   Click(face.Button("&Zoom"));
-  face.HostKey(VK_F5);
+  face.Press(HostKey::EndFirst);
   PressKey(VK_ESCAPE);
   EXPECT_EQ(face.Host().Close(), 0);
 }
@@ -40,7 +40,7 @@ TEST(Life, the_window_closes_while_dialogs_are_open) {
   FaceOnScreen face;
   Click(face.Button("&Range..."));
   ASSERT_NE(WaitForTop("Edit Range", kDialogClass), nullptr);
-  face.HostKey(VK_F2);
+  face.Press(HostKey::ShowFormat);
   ASSERT_NE(WaitForTop("Format", kDialogClass), nullptr);
   EXPECT_EQ(face.Host().Close(), 0);
   EXPECT_EQ(FindTop("Edit Range"), nullptr);
@@ -48,7 +48,7 @@ TEST(Life, the_window_closes_while_dialogs_are_open) {
 
 TEST(Life, the_control_may_go_away_at_the_end_of_a_plot) {
   FaceOnScreen face;
-  face.HostKey(VK_F6);
+  face.Press(HostKey::EndFirstAfterPlot);
   Click(face.Button("&Graph"));
   EXPECT_TRUE(WaitUntil([&] { return face.Control() == nullptr; }));
   EXPECT_EQ(face.Host().Close(), 0);
@@ -58,9 +58,9 @@ TEST(Life, the_dialogs_end_with_the_control) {
   FaceOnScreen face;
   Click(face.Button("&Range..."));
   const HWND range = WaitForTop("Edit Range", kDialogClass);
-  face.HostKey(VK_F2);
+  face.Press(HostKey::ShowFormat);
   const HWND format = WaitForTop("Format", kDialogClass);
-  face.HostKey(VK_F5);
+  face.Press(HostKey::EndFirst);
   EXPECT_TRUE(WaitUntil([&] { return !::IsWindow(range) && !::IsWindow(format); }));
   EXPECT_EQ(face.Host().Close(), 0);
 }
@@ -95,12 +95,12 @@ TEST(Life, the_toolbar_gives_its_room_to_the_surface_when_it_is_hidden) {
   const FaceOnScreen face;
   RECT before{};
   ::GetClientRect(face.Surface(), &before);
-  face.HostKey(VK_F4);
+  face.Press(HostKey::ToggleToolBar);
   RECT after{};
   ::GetClientRect(face.Surface(), &after);
   EXPECT_GT(after.bottom, before.bottom);
   EXPECT_FALSE(::IsWindowVisible(face.Button("&Graph")));
-  face.HostKey(VK_F4);
+  face.Press(HostKey::ToggleToolBar);
   EXPECT_TRUE(::IsWindowVisible(face.Button("&Graph")));
 }
 

@@ -1,6 +1,5 @@
-// ocx_host: the same plain window as face_host with Plotvane.ocx in it, hosted as a container does.
-//
-//   ocx_host [--size WxH] [--two] [--no-translate] EQUATION…
+// ocx_host: the same window as face_host with Plotvane.ocx in it: in a container of this project, or in the
+// system's own (AtlAxWin), which neither translates keys nor UI-activates.
 #include <windows.h>
 
 #include <ole2.h>
@@ -8,43 +7,20 @@
 #include <cstdio>
 #include <memory>
 #include <string>
-#include <string_view>
+#include <utility>
 #include <vector>
 
-#include "graph/clsYGraph.h"
+#include "host_window.h"
 #include "hosts/desktop/control_host.h"
 #include "hosts/desktop/function_object.h"
 #include "hosts/desktop/late_bound.h"
 
+namespace plotvane::test {
 namespace {
 
-using namespace plotvane;
 using desktop::ComPtr;
 using desktop::ControlHost;
 using desktop::OwnedVariant;
-
-constexpr wchar_t kClassName[] = L"FaceHost";
-constexpr graph::Colour kColours[] = {0x0000FF, 0xFF0000, 0x008000};
-
-struct Options {
-  int width = 640;
-  int height = 480;
-  bool two = false;
-  bool translate = true;
-  std::vector<std::string> equations;
-};
-
-struct Host {
-  HWND window = nullptr;
-  std::vector<std::unique_ptr<ControlHost>> controls;
-  bool endAfterPlot = false;
-
-  void EndFirst() {
-    if (controls.empty()) return;
-    const std::unique_ptr<ControlHost> first = std::move(controls.front());
-    controls.erase(controls.begin());
-  }
-};
 
 // The .ocx lies at the top of the build folder; its manifest stands for registration.
 class ControlManifest {
@@ -76,17 +52,69 @@ class ControlManifest {
   ULONG_PTR mCookie = 0;
 };
 
-void SetFunctions(ControlHost& control, const std::vector<std::string>& equations) {
+// One control in its container.
+class Contained {
+ public:
+  virtual ~Contained() = default;
+  [[nodiscard]] virtual _Graph& Graph() = 0;
+  virtual void Resize() = 0;
+  [[nodiscard]] virtual bool TranslateKey(MSG& message) = 0;
+};
+
+class InOwnContainer final : public Contained {
+ public:
+  InOwnContainer(HWND window, std::function<RECT()> bounds, std::function<void()> plotDone)
+      : mHost(window, std::move(bounds), std::move(plotDone)) {}
+  _Graph& Graph() override { return mHost.Graph(); }
+  void Resize() override { mHost.Resize(); }
+  bool TranslateKey(MSG& message) override { return mHost.TranslateKey(message); }
+
+ private:
+  ControlHost mHost;
+};
+
+class InSystemContainer final : public Contained {
+ public:
+  InSystemContainer(HWND parent, std::function<RECT()> bounds) : mBounds(std::move(bounds)) {
+    const HMODULE atl = ::LoadLibraryW(L"atl.dll");
+    const auto find = [atl](const char* name) {
+      return reinterpret_cast<void*>(::GetProcAddress(atl, name));
+    };
+    const auto initialise = reinterpret_cast<BOOL(WINAPI*)()>(find("AtlAxWinInit"));
+    const auto attach =
+        reinterpret_cast<HRESULT(WINAPI*)(IUnknown*, HWND, IUnknown**)>(find("AtlAxAttachControl"));
+    initialise();
+    mWindow =
+        ::CreateWindowExW(WS_EX_CONTROLPARENT, L"AtlAxWin", L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0,
+                          0, 0, 0, parent, nullptr, ::GetModuleHandleW(nullptr), nullptr);
+    Resize();
+    ::CoCreateInstance(CLSID_Graph, nullptr, CLSCTX_INPROC_SERVER, IID__Graph,
+                       reinterpret_cast<void**>(mGraph.GetAddressOf()));
+    ComPtr<IUnknown> container;
+    attach(mGraph.Get(), mWindow, container.GetAddressOf());
+  }
+  ~InSystemContainer() override { ::DestroyWindow(mWindow); }
+  _Graph& Graph() override { return *mGraph.Get(); }
+  void Resize() override {
+    const RECT bounds = mBounds();
+    ::MoveWindow(mWindow, bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top,
+                 TRUE);
+  }
+  bool TranslateKey(MSG&) override { return false; }
+
+ private:
+  std::function<RECT()> mBounds;
+  HWND mWindow = nullptr;
+  ComPtr<_Graph> mGraph;
+};
+
+void SetFunctions(_Graph& graph, const HostOptions& options) {
   OwnedVariant functions;
   V_VT(&functions.Get()) = VT_ARRAY | VT_DISPATCH;
-  SAFEARRAYBOUND bounds{static_cast<ULONG>(equations.size()), 1};
+  SAFEARRAYBOUND bounds{static_cast<ULONG>(options.equations.size()), 1};
   V_ARRAY(&functions.Get()) = ::SafeArrayCreate(VT_DISPATCH, 1, &bounds);
   LONG index = 0;
-  for (const std::string& equation : equations) {
-    auto function = std::make_shared<graph::clsYGraph>();
-    function->Equation = equation;
-    function->Enabled = true;
-    function->DrawColor = kColours[static_cast<std::size_t>(index) % std::size(kColours)];
+  for (const auto& function : MakeFunctions(options)) {
     ComPtr<IDispatch> object;
     object.Attach(new desktop::FunctionObject(function));
     ++index;
@@ -95,136 +123,98 @@ void SetFunctions(ControlHost& control, const std::vector<std::string>& equation
   OwnedVariant redraw;
   V_VT(&redraw.Get()) = VT_BOOL;
   V_BOOL(&redraw.Get()) = VARIANT_TRUE;
-  control.Graph().SetYArray(&functions.Get(), &redraw.Get());
+  graph.SetYArray(&functions.Get(), &redraw.Get());
 }
 
-RECT BoundsOf(HWND window, bool two, int index) {
-  RECT client{};
-  ::GetClientRect(window, &client);
-  const LONG middle = client.right / 2;
-  if (two && index == 0) client.right = middle;
-  if (two && index == 1) client.left = middle;
-  return client;
-}
+class ContainedControls final : public HostedControls {
+ public:
+  explicit ContainedControls(const HostOptions& options) : mOptions(options) {}
 
-// F2 opens the format dialog, F3 redraws, F4 hides and shows the toolbar, F5 ends the first control at once,
-// F6 at the end of the next plot.
-void HandleHostKey(WPARAM key, Host& host) {
-  if (host.controls.empty()) return;
-  _Graph& graph = host.controls.front()->Graph();
-  VARIANT_BOOL visible = VARIANT_FALSE;
-  switch (key) {
-    case VK_F2: graph.ShowFormatEditor(); break;
-    case VK_F3: graph.PlotAllY(); break;
-    case VK_F4:
-      graph.get_ToolBarVisible(&visible);
-      graph.put_ToolBarVisible(visible == VARIANT_FALSE ? VARIANT_TRUE : VARIANT_FALSE);
-      break;
-    case VK_F5: host.EndFirst(); break;
-    case VK_F6: host.endAfterPlot = true; break;
-    default: break;
-  }
-}
-
-LRESULT CALLBACK HostProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  auto* const host = reinterpret_cast<Host*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
-  switch (message) {
-    case WM_SIZE:
-      if (host != nullptr) {
-        for (const auto& control : host->controls) control->Resize();
-      }
-      return 0;
-    case WM_APP:
-      if (host != nullptr) HandleHostKey(wParam, *host);
-      return 0;
-    case WM_DESTROY: ::PostQuitMessage(0); return 0;
-    default: return ::DefWindowProcW(window, message, wParam, lParam);
-  }
-}
-
-Options ReadOptions(int count, char** arguments) {
-  Options options;
-  for (int i = 1; i < count; ++i) {
-    const std::string_view argument = arguments[i];
-    if (argument == "--size" && i + 1 < count) {
-      std::sscanf(arguments[++i], "%dx%d", &options.width, &options.height);
-    } else if (argument == "--two") {
-      options.two = true;
-    } else if (argument == "--no-translate") {
-      options.translate = false;
-    } else {
-      options.equations.emplace_back(argument);
+  void Make(HWND window) override {
+    mHost = window;
+    for (int index = 0; index < (mOptions.two ? 2 : 1); ++index) {
+      mControls.push_back(MakeOne([this, index] { return BoundsOf(mHost, mOptions.two, index); }));
+      SetFunctions(mControls.back()->Graph(), mOptions);
     }
   }
-  return options;
-}
 
-HWND MakeHostWindow(const Options& options) {
-  WNDCLASSEXW windowClass{};
-  windowClass.cbSize = sizeof windowClass;
-  windowClass.lpfnWndProc = &HostProcedure;
-  windowClass.hInstance = ::GetModuleHandleW(nullptr);
-  windowClass.hCursor = ::LoadCursorW(nullptr, IDC_ARROW);
-  windowClass.hbrBackground = ::GetSysColorBrush(COLOR_APPWORKSPACE);
-  windowClass.lpszClassName = kClassName;
-  ::RegisterClassExW(&windowClass);
-  RECT frame{0, 0, options.width, options.height};
-  ::AdjustWindowRect(&frame, WS_OVERLAPPEDWINDOW, FALSE);
-  return ::CreateWindowExW(0, kClassName, L"Face Host", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 40, 40,
-                           frame.right - frame.left, frame.bottom - frame.top, nullptr, nullptr,
-                           windowClass.hInstance, nullptr);
-}
-
-void MakeControls(Host& host, const Options& options) {
-  for (int i = 0; i < (options.two ? 2 : 1); ++i) {
-    host.controls.push_back(std::make_unique<ControlHost>(
-        host.window, [&host, &options, i] { return BoundsOf(host.window, options.two, i); },
-        [&host] {
-          if (std::exchange(host.endAfterPlot, false)) host.EndFirst();
-        }));
-    SetFunctions(*host.controls.back(), options.equations);
+  void Resize() override {
+    for (const auto& control : mControls) control->Resize();
   }
-}
 
-// The control that has the focus is asked first: both know the same mnemonics.
-bool UsedUp(MSG& message, Host& host, bool two) {
-  RECT focus{};
-  ::GetWindowRect(::GetFocus(), &focus);
-  ::MapWindowPoints(nullptr, host.window, reinterpret_cast<POINT*>(&focus), 2);
-  const RECT second = BoundsOf(host.window, two, 1);
-  const std::size_t first = two && focus.left >= second.left ? 1 : 0;
-  for (std::size_t i = 0; i < host.controls.size(); ++i) {
-    const std::size_t asked = (first + i) % host.controls.size();
-    if (host.controls[asked]->TranslateKey(message)) return true;
+  void Press(HostKey key) override {
+    if (mControls.empty()) return;
+    _Graph& graph = mControls.front()->Graph();
+    VARIANT_BOOL visible = VARIANT_FALSE;
+    switch (key) {
+      case HostKey::ShowFormat: graph.ShowFormatEditor(); break;
+      case HostKey::Plot: graph.PlotAllY(); break;
+      case HostKey::ToggleToolBar:
+        graph.get_ToolBarVisible(&visible);
+        graph.put_ToolBarVisible(visible == VARIANT_FALSE ? VARIANT_TRUE : VARIANT_FALSE);
+        break;
+      case HostKey::EndFirst: EndFirst(); break;
+      case HostKey::EndFirstAfterPlot: mEndAfterPlot = true; break;
+      default: break;
+    }
   }
-  return false;
-}
 
-int Run(const Options& options) {
-  const ControlManifest manifest;
-  Host host;
-  host.window = MakeHostWindow(options);
-  MakeControls(host, options);
-  ::SetWindowLongPtrW(host.window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&host));
-  ::ShowWindow(host.window, SW_SHOW);
-  ::SetForegroundWindow(host.window);
-  MSG message{};
-  while (::GetMessageW(&message, nullptr, 0, 0) > 0) {
-    if (options.translate && UsedUp(message, host, options.two)) continue;
-    ::TranslateMessage(&message);
-    ::DispatchMessageW(&message);
+  // The control that has the focus is asked first: both know the same mnemonics.
+  bool Translate(MSG& message) override {
+    RECT focus{};
+    ::GetWindowRect(::GetFocus(), &focus);
+    ::MapWindowPoints(nullptr, mHost, reinterpret_cast<POINT*>(&focus), 2);
+    const std::size_t first = mOptions.two && focus.left >= BoundsOf(mHost, true, 1).left ? 1 : 0;
+    for (std::size_t i = 0; i < mControls.size(); ++i) {
+      if (mControls[(first + i) % mControls.size()]->TranslateKey(message)) return true;
+    }
+    return false;
   }
-  return 0;
-}
+
+  HDC Picture(SIZE& size) override {
+    if (mControls.empty()) return nullptr;
+    _Graph& graph = mControls.front()->Graph();
+    LONG context = 0;
+    graph.GetGraphWidth(&size.cx);
+    graph.GetGraphHeight(&size.cy);
+    graph.GetGraphHDC(&context);
+    return reinterpret_cast<HDC>(static_cast<INT_PTR>(context));
+  }
+
+  IDispatch* Automation() override { return mControls.empty() ? nullptr : &mControls.front()->Graph(); }
+
+ private:
+  std::unique_ptr<Contained> MakeOne(std::function<RECT()> bounds) {
+    if (mOptions.container) return std::make_unique<InSystemContainer>(mHost, std::move(bounds));
+    return std::make_unique<InOwnContainer>(mHost, std::move(bounds), [this] {
+      if (std::exchange(mEndAfterPlot, false)) EndFirst();
+    });
+  }
+
+  void EndFirst() {
+    if (mControls.empty()) return;
+    const std::unique_ptr<Contained> first = std::move(mControls.front());
+    mControls.erase(mControls.begin());
+  }
+
+  const HostOptions& mOptions;
+  HWND mHost = nullptr;
+  bool mEndAfterPlot = false;
+  std::vector<std::unique_ptr<Contained>> mControls;
+};
 
 }  // namespace
+}  // namespace plotvane::test
 
 int main(int count, char** arguments) {
   ::SetProcessDPIAware();
   ::OleInitialize(nullptr);
   int status = 1;
   try {
-    status = Run(ReadOptions(count, arguments));
+    const plotvane::test::HostOptions options = plotvane::test::ReadOptions(count, arguments);
+    const plotvane::test::ControlManifest manifest;
+    plotvane::test::ContainedControls controls(options);
+    status = plotvane::test::RunHost(options, controls);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "ocx_host: %s\n", error.what());
   }
