@@ -22,16 +22,28 @@ Equation::Equation(std::string text, bool degrees)
 }
 
 std::optional<double> Equation::At(double x) {
+  const std::optional<double> y = mCurve ? Replay(x) : Record(x);
+  ThrowIfInterrupted();
+  return y;
+}
+
+std::optional<double> Equation::Replay(double x) {
+  double y = 0;
+  return mCurve->At(x, y) ? std::optional(y) : std::nullopt;
+}
+
+std::optional<double> Equation::Record(double x) {
   if (!mExpression->GetVarTable()->Change("x", Value(x)))
     throw platform::RunTimeError(platform::StandardError::PermissionDenied);
   Value value;
-  const bool defined = mRecorded ? mExpression->EvaluateCurrentPreParsedExpression(value)
-                                 : mExpression->EvaluateThenSavePreParsedExpression(mText, value);
-  ThrowIfInterrupted();
-  mRecorded = mRecorded || defined;
+  if (!mExpression->EvaluateThenSavePreParsedExpression(mText, value)) return std::nullopt;
+  mCurve = std::make_unique<engine::Curve>(*mExpression, "x");
   const platform::Outcome<double> number = value.ToNumber();
-  if (!defined || !number.Ok()) return std::nullopt;
-  return number.Get();
+  return number.Ok() ? std::optional(number.Get()) : std::nullopt;
+}
+
+void Equation::Plan(std::span<const double> xs) {
+  if (mCurve) mCurve->Plan(xs);
 }
 
 bool Equation::FailedByItself() {

@@ -3,9 +3,11 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 
 #include "engine/clsExp.h"
+#include "engine/curve.h"
 
 namespace plotvane::terminal {
 
@@ -21,6 +23,10 @@ class Equation {
   // allows it, replayed afterwards.
   [[nodiscard]] std::optional<double> At(double x);
 
+  // Announces the next values for At, in this order, so that they may be computed together. The results are
+  // the same.
+  void Plan(std::span<const double> xs);
+
   // After a failure: whether its cause is the equation itself (syntax, an unknown name, …) and not the value
   // of x.
   [[nodiscard]] bool FailedByItself();
@@ -29,9 +35,12 @@ class Equation {
   [[nodiscard]] std::string FailureText();
 
  private:
+  std::optional<double> Replay(double x);
+  std::optional<double> Record(double x);
+
   std::string mText;
   std::unique_ptr<engine::clsExp> mExpression;
-  bool mRecorded = false;
+  std::unique_ptr<engine::Curve> mCurve;  // of the recorded expression, when there is one
 };
 
 }  // namespace plotvane::terminal

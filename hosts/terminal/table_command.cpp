@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <iostream>
@@ -58,6 +59,15 @@ Rows MakeRows(const TableOptions& options) {
   return {from, to, step, static_cast<std::uint64_t>(std::floor(steps + kRounding))};
 }
 
+constexpr std::uint64_t kBlock = 256;  // rows whose values are computed together
+
+// The values of x of the rows from k on, as many as a block has.
+std::vector<double> Block(const Rows& rows, std::uint64_t k) {
+  std::vector<double> xs(std::min(kBlock, rows.last - k + 1));
+  for (double& x : xs) x = rows.X(k++);
+  return xs;
+}
+
 std::string Row(std::vector<Equation>& equations, double x) {
   std::string row = platform::NumberText(x);
   for (Equation& equation : equations) {
@@ -76,7 +86,11 @@ int RunTable(const TableOptions& options) {
     CheckEquations(options.equations, options.degrees, rows.from, rows.X(rows.last));
     std::vector<Equation> equations;
     for (const std::string& text : options.equations) equations.emplace_back(text, options.degrees);
-    for (std::uint64_t k = 0; k <= rows.last && std::cout; ++k) std::cout << Row(equations, rows.X(k));
+    for (std::uint64_t k = 0; k <= rows.last && std::cout; k += kBlock) {
+      const std::vector<double> xs = Block(rows, k);
+      for (Equation& equation : equations) equation.Plan(xs);
+      for (const double x : xs) std::cout << Row(equations, x);
+    }
   } catch (const std::runtime_error& error) {
     std::cerr << "plotvane: " << error.what() << '\n';
     return kSomethingFailed;

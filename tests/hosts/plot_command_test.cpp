@@ -13,6 +13,7 @@
 #include "graph/graph_engine.h"
 #include "graph/raster_surface.h"
 #include "hosts/terminal/silent_frame.h"
+#include "platform/number_text.h"
 #include "tests/graph/png_picture.h"
 #include "tests/hosts/program_run.h"
 
@@ -74,8 +75,8 @@ TEST_F(PlotCommand, draws_what_the_control_draws) {
 }
 
 TEST_F(PlotCommand, every_option_reaches_the_graph) {
-  const Outcome run = Plot({"x^2", "sin(x)", "--range", "-90,180,-2,3", "--scale", "45,1", "--size", "300x200",
-                        "--step", "4", "--dots", "--no-divisions", "--pen", "3", "--degrees"});
+  const Outcome run = Plot({"x^2", "sin(x)", "--range", "-90,180,-2,3", "--scale", "45,1", "--size",
+                            "300x200", "--step", "4", "--dots", "--no-divisions", "--pen", "3", "--degrees"});
   ASSERT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(run.out, "");
   const Picture expected = Drawn(300, 200, {"x^2", "sin(x)"}, [](GraphEngine& graph) {
@@ -190,6 +191,39 @@ TEST(TableCommand, goes_down_and_reaches_its_end_in_spite_of_rounding) {
   EXPECT_EQ(RunProgram({"table", "x", "--from", "0.3", "--to", "0", "--step=-0.1"}).out,
             "0.3\t0.3\n0.2\t0.2\n0.1\t0.1\n0\t0\n");
   EXPECT_EQ(RunProgram({"table", "2*x", "--from=5", "--to=5", "--step=1"}).out, "5\t10\n");
+}
+
+// Longer than the blocks in which values are computed, with undefined points, truth values, stores and
+// functions that only single values have.
+TEST(TableCommand, values_computed_together_are_those_of_single_evaluations) {
+  const std::vector<std::string> equations{
+      "sin(x)/x", "sqr(x-1)+1/(x-2)", "(x>0) and (x<2)", "ln(x)^1.5",       "factorial(x)",
+      "a=x",      "ss(k*x,k,1,5)",    "x=x+1",           "tan(x)^3-exp(-x)"};
+  std::string expected;
+  std::vector<std::unique_ptr<engine::clsExp>> expressions;
+  for (std::size_t i = 0; i < equations.size(); ++i) {
+    expressions.push_back(std::make_unique<engine::clsExp>());
+    expressions.back()->CreateNewVarTable();
+    expressions.back()->SetAcceptNumericResultOnly(true);
+  }
+  for (int k = 0; k <= 1000; ++k) {
+    const double x = -3 + k * 0.0078125;
+    expected += platform::NumberText(x);
+    for (std::size_t i = 0; i < equations.size(); ++i) {
+      platform::Value value;
+      ASSERT_TRUE(expressions[i]->GetVarTable()->Change("x", platform::Value(x)));
+      expected += '\t';
+      if (expressions[i]->Evaluate(equations[i], value))
+        expected += platform::NumberText(value.ToNumber().Get());
+    }
+    expected += '\n';
+  }
+  Words words{"table"};
+  words.insert(words.end(), equations.begin(), equations.end());
+  for (const char* word : {"--from", "-3", "--to", "4.8125", "--step", "0.0078125"}) words.emplace_back(word);
+  const Outcome run = RunProgram(words);
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out, expected);
 }
 
 TEST(TableCommand, angles_may_be_degrees) {
