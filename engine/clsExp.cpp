@@ -165,7 +165,7 @@ bool clsExp::ReplayExactly(Value& result) {
 
 // A boolean passes as it is in decimal mode and where numeric results only are accepted; so does a number.
 bool clsExp::MayReplayCompiled() const noexcept {
-  return mCompiledReplay && mOwnTable && mPPE &&
+  return mCompiledReplay && mOwnTable && mPPE && !StopRequested() &&
          (mAcceptNumericResultOnly || mNumberMode == NumberMode::Decimal);
 }
 

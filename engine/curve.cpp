@@ -99,7 +99,7 @@ std::size_t Curve::Block(std::span<const double> xs, std::span<double> ys) {
 
 std::size_t Curve::CompiledBlock(std::span<const double> xs, std::span<double> ys) {
   std::size_t done = 0;
-  if (mExpression.StopRequested() || !Prepare()) return done;
+  if (!Prepare()) return done;
   while (done < xs.size()) {
     const std::size_t count = std::min(xs.size() - done, Columns::kBlock);
     const std::size_t stored = ProgramColumns().Run(xs.subspan(done, count), ys.subspan(done, count));

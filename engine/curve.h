@@ -63,7 +63,7 @@ class Curve {
   [[nodiscard]] bool IsSteady() const noexcept {
     return mExpression.mEpoch == mSteadyEpoch && &mExpression.mPPE->List() == mTokens &&
            mTable->Changes() == mSeenChanges && mExpression.mErrObj.IsClear() &&
-           mExpression.mPPE->IsAtBeginning();
+           mExpression.mPPE->IsAtBeginning() && !mExpression.StopRequested();
   }
   void StoreVarying(double x) noexcept {
     mTable->SetNumber(*mRecord, x);
