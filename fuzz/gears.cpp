@@ -1,6 +1,7 @@
 #include "fuzz/gears.h"
 
 #include <array>
+#include <atomic>
 #include <bit>
 #include <cstdint>
 #include <memory>
@@ -13,6 +14,7 @@
 #include "identifiers/clsVarTable.h"
 #include "platform/number_text.h"
 #include "platform/random.h"
+#include "platform/variable_table.h"
 
 namespace plotvane::fuzz {
 namespace {
@@ -22,12 +24,24 @@ using identifiers::clsExNode;
 using identifiers::clsVarTable;
 using platform::Value;
 
+// A table of a host's own over the same variables: everything passes through the two members.
+class HostTable : public platform::VariableTable {
+ public:
+  explicit HostTable(std::shared_ptr<clsVarTable> table) : mTable(std::move(table)) {}
+  bool GetIdValue(std::string_view id, Value& value) override { return mTable->GetIdValue(id, value); }
+  bool Change(std::string_view id, const Value& value) override { return mTable->Change(id, value); }
+
+ private:
+  std::shared_ptr<clsVarTable> mTable;
+};
+
 // One expression object over its own table.
 struct Gear {
-  explicit Gear(bool compiled) {
+  Gear(bool compiled, const std::atomic<bool>* stop) {
     expression.SetVarTable(table);
     expression.SetCompiledReplay(compiled);
     expression.SetAcceptNumericResultOnly(true);
+    expression.SetStopFlag(stop);
   }
   std::shared_ptr<clsVarTable> table = std::make_shared<clsVarTable>();
   clsExp expression;
@@ -84,65 +98,89 @@ Value ParseValue(std::string_view text) {
   return Value(number.Ok() ? number.Get() : 0.0);
 }
 
+// The stores: what stands before and after "=", and the sign before the name.
+void Store(clsVarTable& table, std::string_view name, const Value& value) {
+  switch (name.empty() ? ' ' : name.front()) {
+    case '#': table.ChangeConstant(name.substr(1), value); break;
+    case '$': table.ChangeReserved(name.substr(1), value); break;
+    case '%': table.Change(name.substr(1), value, 0, "described"); break;
+    default: static_cast<void>(table.Change(name, value)); break;
+  }
+}
+
 void Act(clsVarTable& table, std::string_view line) {
   const std::size_t equals = line.find('=');
   const std::size_t arrow = line.find('>');
   if (line.front() == '-') {
     table.Remove(line.substr(1));
-  } else if (equals != std::string_view::npos && line.front() == '#') {
-    table.ChangeConstant(line.substr(1, equals - 1), ParseValue(line.substr(equals + 1)));
+  } else if (line == "+") {
+    table.LoadOtherConstData();
   } else if (equals != std::string_view::npos) {
-    static_cast<void>(table.Change(line.substr(0, equals), ParseValue(line.substr(equals + 1))));
+    Store(table, line.substr(0, equals), ParseValue(line.substr(equals + 1)));
   } else if (arrow != std::string_view::npos) {
     table.Rename(line.substr(0, arrow), line.substr(arrow + 1));
   }
 }
 
-void SetMode(clsExp& expression, std::string_view word) {
+void SetMode(Gear& gear, std::string_view word) {
+  clsExp& expression = gear.expression;
   if (word == "@degrees") expression.SetDegreeMode(true);
   if (word == "@radians") expression.SetRadianMode(true);
   if (word == "@graph") expression.ErrObj().GraphMode = true;
   if (word == "@strict") expression.ErrObj().GraphMode = false;
   if (word == "@decimal") expression.SetAcceptNumericResultOnly(false);
   if (word == "@fixed") static_cast<void>(expression.SetFormatMode("fixed"));
+  if (word == "@open") gear.table->ConstWriteAccess = gear.table->ReservedWriteAccess = true;
+  if (word == "@closed") gear.table->ConstWriteAccess = gear.table->ReservedWriteAccess = false;
+}
+
+void SetTable(Gear& gear, std::string_view word) {
+  if (word.empty()) gear.table = std::make_shared<clsVarTable>();
+  if (word == "host") return gear.expression.SetVarTable(std::make_shared<HostTable>(gear.table));
+  if (word == "none") return gear.expression.SetVarTable(nullptr);
+  gear.expression.SetVarTable(gear.table);
 }
 
 class Comparison {
  public:
-  explicit Comparison(std::string_view script) : mRest(script) {}
+  Comparison(std::string_view script, const std::atomic<bool>* stop)
+      : mRest(script), mStop(stop), mExact(false, stop), mCompiled(true, stop) {}
 
   std::string Run() {
     const std::string_view text = TakeLine();
     Record(text);
-    while (mDifference.empty() && !mRest.empty()) {
+    while (mDifference.empty() && !mRest.empty() && !Stopped()) {
       const std::string_view line = TakeLine();
       if (line.empty()) continue;
-      if (line.front() == '!')
-        Record(text);
-      else if (line.front() == '~')
-        Plot(line.substr(1));
-      else
-        Change(line);
+      Act(line, text);
       Replay();
     }
     return mDifference;
   }
 
  private:
+  [[nodiscard]] bool Stopped() const { return mStop && *mStop; }
+
+  void Act(std::string_view line, std::string_view text) {
+    const std::string_view rest = line.substr(1);
+    if (line.front() == '~') return Plot(rest);
+    if (line == "!") return Record(text);
+    for (Gear* gear : {&mExact, &mCompiled}) {
+      switch (line.front()) {
+        case '!': gear->expression.SetPPE(std::make_shared<engine::clsPreParsedExpression>()); break;
+        case '@': SetMode(*gear, line); break;
+        case '^': SetTable(*gear, rest); break;
+        default: fuzz::Act(*gear->table, line); break;
+      }
+    }
+    if (line.front() == '!') Record(rest);
+  }
+
   std::string_view TakeLine() {
     const std::size_t end = std::min(mRest.find('\n'), mRest.size());
     const std::string_view line = mRest.substr(0, end);
     mRest.remove_prefix(std::min(end + 1, mRest.size()));
     return line;
-  }
-
-  void Change(std::string_view line) {
-    for (Gear* gear : {&mExact, &mCompiled}) {
-      if (line.front() == '@')
-        SetMode(gear->expression, line);
-      else
-        Act(*gear->table, line);
-    }
   }
 
   void Record(std::string_view text) {
@@ -173,8 +211,11 @@ class Comparison {
     in >> from >> width;
     std::array<double, 128> xs{};
     for (std::size_t i = 0; i < xs.size(); ++i) xs[i] = from + static_cast<double>(i) * width;
+    // A curve needs a table.
+    if (!mExact.expression.GetVarTable()) return;
     mCompiledCurve.Plan(xs);
     for (const double x : xs) {
+      if (Stopped()) return;
       double exact = 0;
       double compiled = 0;
       mRandom = platform::SharedRandomGenerator();
@@ -190,7 +231,7 @@ class Comparison {
   void SwapRandom() { std::swap(mRandom, platform::SharedRandomGenerator()); }
 
   void Compare(const char* what, bool exactOk, const Value& exact, bool compiledOk, const Value& compiled) {
-    if (!mDifference.empty()) return;
+    if (!mDifference.empty() || Stopped()) return;
     const std::string exactText = ValueText(exact) + "\n" + Seen(mExact.expression) + Seen(*mExact.table);
     const std::string compiledText =
         ValueText(compiled) + "\n" + Seen(mCompiled.expression) + Seen(*mCompiled.table);
@@ -201,8 +242,9 @@ class Comparison {
   }
 
   std::string_view mRest;
-  Gear mExact{false};
-  Gear mCompiled{true};
+  const std::atomic<bool>* mStop;
+  Gear mExact;
+  Gear mCompiled;
   engine::Curve mExactCurve{mExact.expression, "x"};
   engine::Curve mCompiledCurve{mCompiled.expression, "x"};
   platform::RandomGenerator mRandom;
@@ -211,8 +253,8 @@ class Comparison {
 
 }  // namespace
 
-std::string DifferenceBetweenGears(std::string_view script) {
-  return Comparison(script).Run();
+std::string DifferenceBetweenGears(std::string_view script, const std::atomic<bool>* stop) {
+  return Comparison(script, stop).Run();
 }
 
 }  // namespace plotvane::fuzz
