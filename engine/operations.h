@@ -1,8 +1,15 @@
 // The operations of compiled programs: each is written once, for any kind of number, and listed once.
 //
-// The single-value path and the column path are two tables made from the same lists
-// (engine/operation_table.h), so a new operation is added here and nowhere else; the functions of one number
-// come from functions/unary_formulas.h.
+// The single-value path and the column path are tables made from the same lists (engine/operation_table.h),
+// and so is what the compiler writes for operators and functions of two numbers (engine/operation_choice.h):
+// a new operation is added here and nowhere else. The functions of one number come from
+// functions/unary_formulas.h.
+//
+// Beside its name for printed programs an operation says what it is the meaning of:
+//   kOperator       a binary operator of the language; on numbers, …
+//   kOfTruthValues  … or, where that is true, on two truth values, which then give one
+//   kGivesTruth     the result is a truth value
+//   kFunction       a function of two numbers
 //
 // One rule holds for all: a failure is a result that is not finite, and no operation turns an operand that is
 // not finite into a finite result. So one look at the end of a program tells whether any of its steps failed.
@@ -12,6 +19,8 @@
 #include <array>
 #include <string_view>
 
+#include "engine/token.h"
+#include "functions/catalogue.h"
 #include "functions/formulas.h"
 #include "functions/kernels/bits.h"
 
@@ -26,6 +35,7 @@ struct List {
 
 struct Add {
   static constexpr std::string_view kName = "add";
+  static constexpr TokenKind kOperator = TokenKind::Plus;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return a + b;
@@ -34,6 +44,7 @@ struct Add {
 
 struct Subtract {
   static constexpr std::string_view kName = "subtract";
+  static constexpr TokenKind kOperator = TokenKind::Minus;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return a - b;
@@ -42,6 +53,7 @@ struct Subtract {
 
 struct Multiply {
   static constexpr std::string_view kName = "multiply";
+  static constexpr TokenKind kOperator = TokenKind::Times;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return a * b;
@@ -50,6 +62,7 @@ struct Multiply {
 
 struct Divide {
   static constexpr std::string_view kName = "divide";
+  static constexpr TokenKind kOperator = TokenKind::Divide;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return a / b;
@@ -67,6 +80,7 @@ struct DivideByFinite {
 
 struct Power {
   static constexpr std::string_view kName = "power";
+  static constexpr TokenKind kOperator = TokenKind::Power;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return Pow(a, b);
@@ -76,6 +90,7 @@ struct Power {
 // By a whole exponent from 2 to 8; the same bits as Power.
 template <int kExponent>
 struct WholePower {
+  static constexpr double kWholeExponent = kExponent;
   static constexpr std::array<char, 8> kText{
       'p', 'o', 'w', 'e', 'r', ' ', static_cast<char>('0' + kExponent)};
   static constexpr std::string_view kName{kText.data()};
@@ -87,6 +102,7 @@ struct WholePower {
 
 struct Scientific {
   static constexpr std::string_view kName = "scientific";
+  static constexpr TokenKind kOperator = TokenKind::Exponent;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return functions::formulas::ScientificNotation(a, b);
@@ -129,6 +145,7 @@ Real WholeQuotientOf(double a, double b) {
 
 struct WholeQuotient {
   static constexpr std::string_view kName = "whole quotient";
+  static constexpr TokenKind kOperator = TokenKind::Backslash;
   template <class Real>
   static Real Apply(Real a, Real b) {
     // -2147483648 \ -1 alone leaves the 32 bits.
@@ -139,6 +156,7 @@ struct WholeQuotient {
 
 struct WholeRemainder {
   static constexpr std::string_view kName = "whole remainder";
+  static constexpr TokenKind kOperator = TokenKind::Mod;
   template <class Real>
   static Real Apply(Real a, Real b) {
     const double left = Whole(a);
@@ -165,6 +183,7 @@ Real JoinBits(Real a, Real b, Join join) {
 
 struct AndBits {
   static constexpr std::string_view kName = "and bits";
+  static constexpr TokenKind kOperator = TokenKind::And;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return JoinBits<typename Real::Tag>(a, b, [](std::uint64_t l, std::uint64_t r) { return l & r; });
@@ -173,6 +192,7 @@ struct AndBits {
 
 struct OrBits {
   static constexpr std::string_view kName = "or bits";
+  static constexpr TokenKind kOperator = TokenKind::Or;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return JoinBits<typename Real::Tag>(a, b, [](std::uint64_t l, std::uint64_t r) { return l | r; });
@@ -181,6 +201,7 @@ struct OrBits {
 
 struct XorBits {
   static constexpr std::string_view kName = "xor bits";
+  static constexpr TokenKind kOperator = TokenKind::Xor;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return JoinBits<typename Real::Tag>(a, b, [](std::uint64_t l, std::uint64_t r) { return l ^ r; });
@@ -189,6 +210,7 @@ struct XorBits {
 
 struct EqvBits {
   static constexpr std::string_view kName = "eqv bits";
+  static constexpr TokenKind kOperator = TokenKind::Eqv;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return JoinBits<typename Real::Tag>(a, b, [](std::uint64_t l, std::uint64_t r) { return ~(l ^ r); });
@@ -197,6 +219,7 @@ struct EqvBits {
 
 struct ImpBits {
   static constexpr std::string_view kName = "imp bits";
+  static constexpr TokenKind kOperator = TokenKind::Imp;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return JoinBits<typename Real::Tag>(a, b, [](std::uint64_t l, std::uint64_t r) { return ~l | r; });
@@ -221,6 +244,8 @@ Real Truth(bool holds, Real a, Real b) {
 
 struct Equal {
   static constexpr std::string_view kName = "equal";
+  static constexpr TokenKind kOperator = TokenKind::Equal;
+  static constexpr bool kGivesTruth = true;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return Truth(a.Get() == b.Get(), a, b);
@@ -229,6 +254,8 @@ struct Equal {
 
 struct NotEqual {
   static constexpr std::string_view kName = "not equal";
+  static constexpr TokenKind kOperator = TokenKind::NotEqual;
+  static constexpr bool kGivesTruth = true;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return Truth(a.Get() != b.Get(), a, b);
@@ -237,6 +264,8 @@ struct NotEqual {
 
 struct Less {
   static constexpr std::string_view kName = "less";
+  static constexpr TokenKind kOperator = TokenKind::Less;
+  static constexpr bool kGivesTruth = true;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return Truth(a.Get() < b.Get(), a, b);
@@ -245,6 +274,8 @@ struct Less {
 
 struct Greater {
   static constexpr std::string_view kName = "greater";
+  static constexpr TokenKind kOperator = TokenKind::Greater;
+  static constexpr bool kGivesTruth = true;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return Truth(a.Get() > b.Get(), a, b);
@@ -253,6 +284,8 @@ struct Greater {
 
 struct LessOrEqual {
   static constexpr std::string_view kName = "less or equal";
+  static constexpr TokenKind kOperator = TokenKind::LessOrEqual;
+  static constexpr bool kGivesTruth = true;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return Truth(a.Get() <= b.Get(), a, b);
@@ -261,6 +294,8 @@ struct LessOrEqual {
 
 struct GreaterOrEqual {
   static constexpr std::string_view kName = "greater or equal";
+  static constexpr TokenKind kOperator = TokenKind::GreaterOrEqual;
+  static constexpr bool kGivesTruth = true;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return Truth(a.Get() >= b.Get(), a, b);
@@ -271,6 +306,8 @@ struct GreaterOrEqual {
 
 struct And {
   static constexpr std::string_view kName = "and";
+  static constexpr TokenKind kOperator = TokenKind::And;
+  static constexpr bool kOfTruthValues = true;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return Real(0.0) - a * b;
@@ -279,6 +316,8 @@ struct And {
 
 struct Or {
   static constexpr std::string_view kName = "or";
+  static constexpr TokenKind kOperator = TokenKind::Or;
+  static constexpr bool kOfTruthValues = true;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return a + b + a * b;
@@ -287,6 +326,8 @@ struct Or {
 
 struct Xor {
   static constexpr std::string_view kName = "xor";
+  static constexpr TokenKind kOperator = TokenKind::Xor;
+  static constexpr bool kOfTruthValues = true;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return Real(0.0) - (a - b) * (a - b);
@@ -295,6 +336,8 @@ struct Xor {
 
 struct Eqv {
   static constexpr std::string_view kName = "eqv";
+  static constexpr TokenKind kOperator = TokenKind::Eqv;
+  static constexpr bool kOfTruthValues = true;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return (a - b) * (a - b) - Real(1.0);
@@ -303,6 +346,8 @@ struct Eqv {
 
 struct Imp {
   static constexpr std::string_view kName = "imp";
+  static constexpr TokenKind kOperator = TokenKind::Imp;
+  static constexpr bool kOfTruthValues = true;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return Real(-1.0) - a * (Real(1.0) + b);
@@ -321,6 +366,7 @@ struct Not {
 
 struct LogN {
   static constexpr std::string_view kName = "logn";
+  static constexpr functions::Operation kFunction = functions::Operation::LogN;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return functions::formulas::LogN(a, b);
@@ -329,6 +375,7 @@ struct LogN {
 
 struct DecimalMod {
   static constexpr std::string_view kName = "decimalmod";
+  static constexpr functions::Operation kFunction = functions::Operation::DecimalMod;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return functions::formulas::DecimalMod(a, b);
@@ -337,6 +384,7 @@ struct DecimalMod {
 
 struct Round {
   static constexpr std::string_view kName = "round";
+  static constexpr functions::Operation kFunction = functions::Operation::Round;
   template <class Real>
   static Real Apply(Real a, Real b) {
     return functions::formulas::Round(a, b);
