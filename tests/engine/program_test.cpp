@@ -7,6 +7,7 @@
 #include <cmath>
 #include <limits>
 #include <memory>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -147,6 +148,33 @@ TEST(Columns, have_the_bits_of_single_values_in_every_operation_and_form) {
           ExpectBits(columnLeft[i], RunOperation(code, others[i], x), OperationName(code));
         }
       }
+    }
+  }
+}
+
+// The kernels among them are what could differ.
+TEST(Columns, have_the_bits_of_single_values_over_the_whole_range_of_doubles) {
+  std::mt19937_64 generator(20'000);
+  constexpr std::size_t kCount = 4096;
+  std::vector<double> xs;
+  while (xs.size() < kCount) {
+    const double x = std::bit_cast<double>(generator());
+    const double fraction = static_cast<double>(generator() >> 11U) * 0x1p-53;
+    if (!std::isfinite(x)) continue;
+    // Any double at all, one of a plot's size, and one of a few turns.
+    xs.push_back(xs.size() % 3 == 0 ? x : (fraction - 0.5) * (xs.size() % 3 == 1 ? 2000 : 30));
+  }
+  std::vector<double> out(kCount);
+  for (const ColumnCode* columns : ColumnCodes()) {
+    for (OperationCode code = operations::kFirstOfOne; code < operations::kCodeCount; ++code) {
+      if (!HasOperation(code)) continue;
+      columns->forms(code).ofAccumulator({out.data(), xs.data(), {}, {}, kCount / kColumnGroup});
+      std::size_t given = 0;
+      for (std::size_t i = 0; i < kCount; ++i) {
+        given += std::isfinite(out[i]) ? 1U : 0U;
+        ExpectBits(out[i], RunOperation(code, xs[i]), OperationName(code));
+      }
+      EXPECT_GT(given, 0U) << OperationName(code);
     }
   }
 }
