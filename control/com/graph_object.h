@@ -7,8 +7,8 @@
 // status with error information.
 //
 // One source file for each group of interfaces: graph_object.cpp (making and ending, dispatch, class
-// information, events), graph_members.cpp (_Graph), ole_object.cpp, in_place.cpp, ole_control.cpp,
-// view_object.cpp, data_object.cpp, persistence.cpp.
+// information, events), graph_fields.cpp, graph_properties.cpp and graph_methods.cpp (_Graph),
+// ole_object.cpp, in_place.cpp, ole_control.cpp, view_object.cpp, data_object.cpp, persistence.cpp.
 #pragma once
 
 #include <windows.h>
