@@ -49,7 +49,7 @@ HRESULT GraphObject::GetData(FORMATETC* format, STGMEDIUM* medium) noexcept {
     const PixelSize size = PixelsOf(mExtent);
     switch (format->cfFormat) {
       case CF_ENHMETAFILE:
-        medium->hEnhMetaFile = MakeEnhancedMetafile(mExtent, size, draw);
+        medium->hEnhMetaFile = MakeEnhancedMetafile(mExtent, draw);
         medium->tymed = TYMED_ENHMF;
         break;
       case CF_METAFILEPICT:

@@ -74,11 +74,17 @@ class MemoryBitmap {
 
 }  // namespace
 
-HENHMETAFILE MakeEnhancedMetafile(const SIZEL& extent, PixelSize size, const DrawPictureInto& draw) {
+// The frame of an enhanced metafile is in hundredths of a millimetre by the screen's account of its size,
+// which is seldom that of its dots per inch: the picture fills the frame.
+HENHMETAFILE MakeEnhancedMetafile(const SIZEL& extent, const DrawPictureInto& draw) {
   const RECT frame{0, 0, extent.cx, extent.cy};
   const HDC context = Required(::CreateEnhMetaFileW(nullptr, nullptr, &frame, nullptr));
+  const auto units = [&](LONG hundredths, int pixels, int millimetres) {
+    return ::MulDiv(static_cast<int>(hundredths), ::GetDeviceCaps(context, pixels),
+                    ::GetDeviceCaps(context, millimetres) * 100);
+  };
   try {
-    draw(context, BoundsOf(size));
+    draw(context, {0, 0, units(extent.cx, HORZRES, HORZSIZE), units(extent.cy, VERTRES, VERTSIZE)});
   } catch (const std::exception&) {
     ::DeleteEnhMetaFile(::CloseEnhMetaFile(context));
     throw;

@@ -2,48 +2,42 @@
 
 #include <algorithm>
 
+#include "control/win32/face_painter.h"
 #include "control/win32/handles.h"
-#include "control/win32/wide_text.h"
+#include "control/win32/picture_scale.h"
 
 namespace plotvane::control::win32 {
 namespace {
 
-RECT ToRect(const PixelRect& rect) {
-  return {rect.left, rect.top, rect.Right(), rect.Bottom()};
-}
+constexpr int kTextInset = 4;  // between the edge of a box and its text
 
-void DrawTextIn(HDC context, const PixelRect& rect, std::string_view text, UINT format) {
-  RECT area = ToRect(rect);
-  ::DrawTextW(context, ToWide(text).c_str(), -1, &area, format | DT_SINGLELINE | DT_VCENTER);
-}
-
-void DrawBox(HDC context, const PixelRect& rect, std::string_view text, int backgroundColour) {
+void DrawBox(const FacePainter& painter, const PixelRect& rect, std::string_view text, int backgroundColour) {
   if (rect.IsEmpty()) return;
-  RECT area = ToRect(rect);
-  ::FillRect(context, &area, ::GetSysColorBrush(backgroundColour));
-  ::DrawEdge(context, &area, EDGE_SUNKEN, BF_RECT);
-  constexpr int kInset = 4;
-  const PixelRect inner{rect.left + kInset, rect.top, rect.width - 2 * kInset, rect.height};
-  DrawTextIn(context, inner, text, DT_LEFT | DT_NOPREFIX);
+  painter.Box(rect, backgroundColour);
+  painter.Text({rect.left + kTextInset, rect.top, rect.width - 2 * kTextInset, rect.height}, text);
 }
 
-void DrawItem(HDC context, const ToolBarItemText& item, const PixelRect& rect, std::string_view number) {
+void DrawSpinner(const FacePainter& painter, const PixelRect& rect) {
+  const int half = rect.height / 2;
+  const PixelRect upper{rect.left, rect.top, rect.width, half};
+  const PixelRect lower{rect.left, rect.top + half, rect.width, rect.height - half};
+  painter.Button(upper);
+  painter.ArrowUp(upper);
+  painter.Button(lower);
+  painter.ArrowDown(lower);
+}
+
+void DrawItem(const FacePainter& painter, const ToolBarItemText& item, const PixelRect& rect,
+              std::string_view number) {
   if (rect.IsEmpty()) return;
-  RECT area = ToRect(rect);
   switch (item.kind) {
     case ItemKind::Button:
-      ::DrawFrameControl(context, &area, DFC_BUTTON, DFCS_BUTTONPUSH);
-      DrawTextIn(context, rect, item.caption, DT_CENTER);
+      painter.Button(rect);
+      painter.CentredCaption(rect, item.caption);
       break;
-    case ItemKind::Label: DrawTextIn(context, rect, item.caption, DT_LEFT); break;
-    case ItemKind::EditBox: DrawBox(context, rect, number, COLOR_WINDOW); break;
-    case ItemKind::Spinner: {
-      RECT upper{area.left, area.top, area.right, (area.top + area.bottom) / 2};
-      RECT lower{area.left, upper.bottom, area.right, area.bottom};
-      ::DrawFrameControl(context, &upper, DFC_SCROLL, DFCS_SCROLLUP);
-      ::DrawFrameControl(context, &lower, DFC_SCROLL, DFCS_SCROLLDOWN);
-      break;
-    }
+    case ItemKind::Label: painter.Caption(rect, item.caption); break;
+    case ItemKind::EditBox: DrawBox(painter, rect, number, COLOR_WINDOW); break;
+    case ItemKind::Spinner: DrawSpinner(painter, rect); break;
   }
 }
 
@@ -51,28 +45,22 @@ PixelSize SizeOf(const ControlLayout& layout) {
   return {layout.surface.width, layout.surface.Bottom() + layout.simple.height + layout.statusBar1.height};
 }
 
-void DrawFace(HDC context, const ControlLayout& layout, const PictureParts& parts) {
-  const SelectScope font(context, parts.font);
-  ::SetBkMode(context, TRANSPARENT);
-  ::SetTextColor(context, ::GetSysColor(COLOR_BTNTEXT));
+// Everything but the surface.
+void DrawFace(const FacePainter& painter, const ControlLayout& layout, const PictureParts& parts) {
   const PixelSize size = SizeOf(layout);
-  const RECT whole{0, 0, size.width, size.height};
-  ::FillRect(context, &whole, ::GetSysColorBrush(COLOR_BTNFACE));
+  painter.Fill({0, 0, size.width, size.height}, COLOR_BTNFACE);
   const auto text = [&](TextBox box) -> const std::string& {
     return parts.texts.at(static_cast<std::size_t>(box));
   };
   for (const ToolBarItemText& item : kToolBarItems) {
-    DrawItem(context, item, layout.items.at(IndexOf(item.item)), text(TextBox::txtUserCurY));
+    DrawItem(painter, item, layout.items.at(IndexOf(item.item)), text(TextBox::txtUserCurY));
   }
-  DrawBox(context, layout.simple, text(TextBox::txtSimple), COLOR_BTNFACE);
-  DrawBox(context, layout.statusBar1, text(TextBox::txtStatusBar1), COLOR_BTNFACE);
-  const PixelRect& surface = layout.surface;
-  ::BitBlt(context, surface.left, surface.top, surface.width, surface.height, parts.surface.Context(), 0, 0,
-           SRCCOPY);
+  DrawBox(painter, layout.simple, text(TextBox::txtSimple), COLOR_BTNFACE);
+  DrawBox(painter, layout.statusBar1, text(TextBox::txtStatusBar1), COLOR_BTNFACE);
 }
 
-// The whole control in its own pixels; what is put together here is sent on as plain pixels, which every kind
-// of device context takes.
+// A picture in pixels of its own; what is put together here is sent on as plain pixels, which every kind of
+// device context takes.
 class Canvas32 {
  public:
   Canvas32(int width, int height) : mWidth(std::max(width, 1)), mHeight(std::max(height, 1)) {
@@ -112,18 +100,38 @@ bool WantsLines(HDC target) {
          technology == DT_RASPRINTER || technology == DT_PLOTTER;
 }
 
-// The plotting surface over its pixels in the picture of the whole control.
-void DrawLines(HDC target, const RECT& rect, PixelSize whole, const ControlLayout& layout,
-               const PictureParts& parts) {
-  const auto x = [&](int column) {
-    return rect.left + ::MulDiv(column, static_cast<int>(rect.right - rect.left), std::max(whole.width, 1));
-  };
-  const auto y = [&](int row) {
-    return rect.top + ::MulDiv(row, static_cast<int>(rect.bottom - rect.top), std::max(whole.height, 1));
-  };
+void CopySurface(HDC canvas, const PictureParts& parts, const PixelRect& place) {
+  ::BitBlt(canvas, place.left, place.top, place.width, place.height, parts.surface.Context(), 0, 0, SRCCOPY);
+}
+
+// At the target's own resolution. Where the steps of the surface are not known, its pixels.
+void DrawAsLines(HDC target, const RECT& rect, const ControlLayout& layout, const PictureParts& parts) {
+  const PictureScale scale(rect, SizeOf(layout));
+  DrawFace(FacePainter(target, scale, parts.font), layout, parts);
   const PixelRect& surface = layout.surface;
-  const RECT area{x(surface.left), y(surface.top), x(surface.Right()), y(surface.Bottom())};
-  parts.surface.Steps().DrawTo(target, area, {surface.width, surface.height});
+  const RECT area = scale.Rect(surface);
+  if (parts.surface.Steps().IsComplete()) {
+    parts.surface.Steps().DrawTo(target, area, {surface.width, surface.height});
+    return;
+  }
+  const Canvas32 canvas(surface.width, surface.height);
+  {
+    const SelectScope selected(canvas.Context(), canvas.Bitmap());
+    CopySurface(canvas.Context(), parts, {0, 0, surface.width, surface.height});
+  }
+  canvas.StretchTo(target, area);
+}
+
+void DrawAsPixels(HDC target, const RECT& rect, const ControlLayout& layout, const PictureParts& parts) {
+  const PixelSize size = SizeOf(layout);
+  const Canvas32 canvas(size.width, size.height);
+  {
+    const SelectScope selected(canvas.Context(), canvas.Bitmap());
+    const PictureScale ownPixels({0, 0, size.width, size.height}, size);
+    DrawFace(FacePainter(canvas.Context(), ownPixels, parts.font), layout, parts);
+    CopySurface(canvas.Context(), parts, layout.surface);
+  }
+  canvas.StretchTo(target, rect);
 }
 
 }  // namespace
@@ -131,14 +139,11 @@ void DrawLines(HDC target, const RECT& rect, PixelSize whole, const ControlLayou
 void DrawControlPicture(HDC target, const RECT& rect, const PictureParts& parts) {
   ControlLayout layout = parts.layout;
   if (layout.surface.IsEmpty()) layout.surface = {0, 0, parts.pictureSize.width, parts.pictureSize.height};
-  const PixelSize size = SizeOf(layout);
-  const Canvas32 canvas(size.width, size.height);
-  {
-    const SelectScope selected(canvas.Context(), canvas.Bitmap());
-    DrawFace(canvas.Context(), layout, parts);
+  if (WantsLines(target)) {
+    DrawAsLines(target, rect, layout, parts);
+  } else {
+    DrawAsPixels(target, rect, layout, parts);
   }
-  canvas.StretchTo(target, rect);
-  if (WantsLines(target) && parts.surface.Steps().IsComplete()) DrawLines(target, rect, size, layout, parts);
 }
 
 }  // namespace plotvane::control::win32

@@ -19,9 +19,9 @@ struct PictureParts {
   PixelSize pictureSize;  // of the surface
 };
 
-// Toolbar, picture and status boxes as they stand, stretched into `rect` (in logical units of the target).
-// Only writes to the target, which may be a metafile or a printer. Without a layout only the picture is
-// drawn.
+// Toolbar, picture and status boxes as they stand, stretched into `rect` (in logical units of the target):
+// as pixels on a screen or a bitmap, as lines and texts in a metafile or on a printer. Only writes to the
+// target. Without a layout only the picture is drawn.
 void DrawControlPicture(HDC target, const RECT& rect, const PictureParts& parts);
 
 }  // namespace plotvane::control::win32

@@ -4,51 +4,18 @@
 #include <utility>
 
 #include "control/win32/handles.h"
+#include "control/win32/picture_scale.h"
 
 namespace plotvane::control::win32 {
 
 namespace {
-
-// From pixels of the surface to logical units of a target. A metafile's transform does the rest.
-class Scale {
- public:
-  Scale(const RECT& area, PixelSize size) noexcept
-      : mArea(area), mSize{std::max(size.width, 1), std::max(size.height, 1)} {}
-
-  [[nodiscard]] int X(int column) const noexcept {
-    return static_cast<int>(mArea.left) +
-           ::MulDiv(column, static_cast<int>(mArea.right - mArea.left), mSize.width);
-  }
-  [[nodiscard]] int Y(int row) const noexcept {
-    return static_cast<int>(mArea.top) +
-           ::MulDiv(row, static_cast<int>(mArea.bottom - mArea.top), mSize.height);
-  }
-  [[nodiscard]] int Length(int pixels) const noexcept { return std::max(X(pixels) - X(0), 1); }
-
- private:
-  RECT mArea;
-  PixelSize mSize;
-};
-
-// The state of a device context, given back at the end.
-class SavedContext {
- public:
-  explicit SavedContext(HDC context) noexcept : mContext(context), mState(::SaveDC(context)) {}
-  ~SavedContext() { ::RestoreDC(mContext, mState); }
-  SavedContext(const SavedContext&) = delete;
-  SavedContext& operator=(const SavedContext&) = delete;
-
- private:
-  HDC mContext;
-  int mState;
-};
 
 void FillBox(HDC target, const RECT& box, COLORREF colour) {
   const OwnedBrush brush(::CreateSolidBrush(colour));
   ::FillRect(target, &box, brush.Get());
 }
 
-void DrawDot(HDC target, const Scale& scale, graph::PixelPoint point, COLORREF colour, int penWidth) {
+void DrawDot(HDC target, const PictureScale& scale, graph::PixelPoint point, COLORREF colour, int penWidth) {
   const RECT box{scale.X(point.x - penWidth / 2), scale.Y(point.y - penWidth / 2),
                  std::max(scale.X(point.x - penWidth / 2 + penWidth), scale.X(point.x - penWidth / 2) + 1),
                  std::max(scale.Y(point.y - penWidth / 2 + penWidth), scale.Y(point.y - penWidth / 2) + 1)};
@@ -95,7 +62,7 @@ void DisplayList::DrawTo(HDC target, const RECT& area, PixelSize size) const {
   const SavedContext saved(target);
   ::IntersectClipRect(target, area.left, area.top, area.right, area.bottom);
   FillBox(target, area, ::GetSysColor(COLOR_WINDOW));
-  const Scale scale(area, size);
+  const PictureScale scale(area, size);
   OwnedPen pen;
   const DrawingStep* last = nullptr;
   for (const DrawingStep& step : mSteps) {

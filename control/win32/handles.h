@@ -116,6 +116,19 @@ class PaintScope {
   PAINTSTRUCT mPaint{};
 };
 
+// The state of a device context (clipping, modes, selected objects), given back at the end of the scope.
+class SavedContext {
+ public:
+  explicit SavedContext(HDC context) noexcept : mContext(context), mState(::SaveDC(context)) {}
+  ~SavedContext() { ::RestoreDC(mContext, mState); }
+  SavedContext(const SavedContext&) = delete;
+  SavedContext& operator=(const SavedContext&) = delete;
+
+ private:
+  HDC mContext;
+  int mState;
+};
+
 // Selects an object into a device context for the scope.
 class SelectScope {
  public:
