@@ -8,7 +8,7 @@
 #include "control/com/error_info.h"
 #include "control/com/himetric.h"
 #include "control/com/host_object.h"
-#include "tests/wine/host.h"
+#include "tests/wine/strict_site.h"
 
 namespace plotvane::tests {
 namespace {
