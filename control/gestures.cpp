@@ -78,7 +78,7 @@ void Gestures::MouseDown(MouseButton button, float x, float y) {
     case Action::zin: return ZoomClick(ZoomInAt, x, y);
     case Action::zout: return ZoomClick(ZoomOutAt, x, y);
     case Action::zbox: Run([=, this] { BeginBox(x, y); }); break;
-    case Action::trace: Run([=, this] { ClickTrace(x); }); break;
+    case Action::trace: Run([=, this] { ClickTrace(x); }, AfterFailure::EndAction); break;
     case Action::None: Run([this] { Redraw(); }); break;
   }
 }

@@ -238,6 +238,15 @@ TEST_F(Mouse, a_failing_zoom_shows_the_error_and_ends_the_action) {
   EXPECT_EQ(control.face->Pointer(), PointerKind::Arrow);
 }
 
+TEST_F(Mouse, a_failing_trace_click_shows_the_error_and_ends_the_action) {
+  control.SetFunctions({"x"});
+  control.Press(ToolBarItem::cmdTrace);
+  control.graph->SetPIC(nullptr);
+  control.Events().MouseDown(MouseButton::Left, 100, 50);
+  EXPECT_EQ(control.Events().CurrentAction(), Action::None);
+  EXPECT_EQ(control.face->Simple(), "Object variable or With block variable not set");
+}
+
 TEST_F(Mouse, a_failing_surface_shows_its_error_and_everything_stays_usable) {
   const auto own = control.graph->GetPIC();
   control.graph->SetPIC(std::make_shared<FailingSurface>());

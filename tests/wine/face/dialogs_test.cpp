@@ -69,6 +69,8 @@ TEST(RangeDialog, tab_mnemonics_and_enter_work_and_the_expression_is_offered_aga
   PressKey(VK_RETURN);
   EXPECT_TRUE(Closes(dialog));
   EXPECT_TRUE(face.SimpleBecomes(kHint));
+  EXPECT_EQ(face.GetRange(), (Range{0, 10, -10, 10}));
+  EXPECT_EQ(face.Number(L"Yscl"), 2);
   dialog = OpenRange(face);
   EXPECT_EQ(TextOf(Field(dialog, 0)), "0");
   EXPECT_EQ(TextOf(Field(dialog, 1)), "10");
@@ -86,6 +88,7 @@ TEST(RangeDialog, escape_cancel_and_the_close_box_write_nothing) {
     if (way == 1) Click(FindByText(dialog, "&Cancel"));
     if (way == 2) ::PostMessageW(dialog, WM_CLOSE, 0, 0);
     EXPECT_TRUE(Closes(dialog)) << way;
+    EXPECT_EQ(face.GetRange(), kStandardRange);
   }
 }
 
@@ -123,6 +126,9 @@ TEST(ZoomFactorsDialog, keeps_the_factors_and_redraws_nothing) {
   RetypeText("2");
   Click(FindByText(dialog, "&OK"));
   EXPECT_TRUE(Closes(dialog));
+  EXPECT_EQ(face.Number(L"ZX"), static_cast<double>(1.0F / 3.0F));
+  EXPECT_EQ(face.Number(L"ZY"), 2);
+  EXPECT_EQ(face.GetRange(), kStandardRange);
   dialog = OpenZoomFactors(face);
   EXPECT_EQ(TextOf(Field(dialog, 0)), "0.3333333");
   EXPECT_EQ(TextOf(Field(dialog, 1)), "2");
@@ -201,6 +207,14 @@ TEST_F(FormatOnScreen, saves_what_was_chosen) {
   Enter(0, "3");
   Enter(1, "20");
   Save();
+  EXPECT_EQ(face.Number(L"GCStyle"), 2);
+  EXPECT_EQ(face.Number(L"PlotStyle"), 1);
+  EXPECT_NE(face.Number(L"ShowGrid"), 0);
+  EXPECT_NE(face.Number(L"ShowAxis"), 0);
+  EXPECT_EQ(face.Number(L"ShowAxisDivisions"), 0);
+  EXPECT_NE(face.Number(L"DegreeMode"), 0);
+  EXPECT_EQ(face.Number(L"PenWidth"), 3);
+  EXPECT_EQ(face.Number(L"PlotPixelStep"), 20);
   Open();
   for (const char* option : {"PolarGC", "Draw Dot", "Grid On", "Off", "Degrees"}) {
     EXPECT_TRUE(IsChecked(Option(option))) << option;
@@ -213,6 +227,7 @@ TEST_F(FormatOnScreen, escape_saves_nothing) {
   Click(Option("Grid On"));
   PressKey(VK_ESCAPE);
   EXPECT_TRUE(Closes(dialog));
+  EXPECT_EQ(face.Number(L"ShowGrid"), 0);
   Open();
   EXPECT_TRUE(IsChecked(Option("Grid Off")));
 }
@@ -224,6 +239,24 @@ TEST_F(FormatOnScreen, axis_off_greys_the_divisions) {
   SavePicture(dialog, "format-axis-off");
   Click(Option("Axis On"));
   EXPECT_TRUE(::IsWindowEnabled(Option("Divisions")));
+}
+
+TEST_F(FormatOnScreen, the_divisions_of_a_switched_off_axis_are_saved_all_the_same) {
+  Click(Option("Off"));
+  Click(Option("Axis Off"));
+  Save();
+  EXPECT_EQ(face.Number(L"ShowAxis"), 0);
+  EXPECT_EQ(face.Number(L"ShowAxisDivisions"), 0);
+}
+
+TEST_F(FormatOnScreen, a_typed_value_without_enter_is_not_saved) {
+  Click(Box(0));
+  RetypeText("9");
+  Click(Box(1));
+  RetypeText("9");
+  Save();
+  EXPECT_EQ(face.Number(L"PenWidth"), 1);
+  EXPECT_EQ(face.Number(L"PlotPixelStep"), 1);
 }
 
 TEST_F(FormatOnScreen, typing_is_red_until_enter_accepts_it) {

@@ -1,6 +1,7 @@
 // The host program with one control in it, as the tests of the face use it.
 #pragma once
 
+#include <ostream>
 #include <string>
 
 #include "automation.h"
@@ -12,6 +13,18 @@ namespace plotvane::test {
 // The command that starts the host, which lies beside the test program: face_host, or what the variable
 // PLOTVANE_FACE_HOST names.
 std::string HostCommand(const std::string& arguments);
+
+struct Range {
+  double xMin = 0;
+  double xMax = 0;
+  double yMin = 0;
+  double yMax = 0;
+  friend bool operator==(const Range&, const Range&) = default;
+};
+inline std::ostream& operator<<(std::ostream& stream, const Range& range) {
+  return stream << range.xMin << " to " << range.xMax << ", " << range.yMin << " to " << range.yMax;
+}
+inline constexpr Range kStandardRange{-10, 10, -10, 10};
 
 // One control on the screen; `index` chooses the second of two.
 class FaceOnScreen {
@@ -44,6 +57,11 @@ class FaceOnScreen {
   }
   // Stands for the picture that the control keeps, pixel by pixel.
   [[nodiscard]] LRESULT PictureSum() const { return ::SendMessageW(Top(), kPictureSumMessage, 0, 0); }
+  // The control's range as its properties say.
+  [[nodiscard]] Range GetRange() const {
+    Automation control(Top());
+    return {control.Number(L"Xmin"), control.Number(L"Xmax"), control.Number(L"Ymin"), control.Number(L"Ymax")};
+  }
   // A number of the control, by the name of its property.
   [[nodiscard]] double Number(const wchar_t* property) const { return Automation(Top()).Number(property); }
 
