@@ -1,5 +1,5 @@
-// Run-time errors in the middle of what the user does: each ends the gesture with its text in the upper status box, and
-// everything works again as soon as its cause is gone.
+// Run-time errors in the middle of what the user does: each ends the gesture with its text in the upper
+// status box, and everything works again as soon as its cause is gone.
 #include <gtest/gtest.h>
 
 #include <ole2.h>

@@ -20,7 +20,8 @@ struct Point {
   double y;
 };
 
-// The point of a range that a pixel of the surface stands for: the first column lies one pixel right of the left edge.
+// The point of a range that a pixel of the surface stands for: the first column lies one pixel right of the
+// left edge.
 Point PointAt(const Range& range, SIZE size, int column, int row) {
   return {range.xMin + (column + 1) * (range.xMax - range.xMin) / size.cx,
           range.yMin + (size.cy - row) * (range.yMax - range.yMin) / size.cy};
@@ -176,11 +177,12 @@ TEST(Face, a_drag_to_the_left_and_upwards_gives_the_same_range) {
   MoveTo(face.Surface(), 300, 200);
   ButtonDown();
   MoveTo(face.Surface(), 100, 120);
-  EXPECT_TRUE(WaitUntil([&] { return PixelAt(face.Surface(), 200, 120) == RGB(0, 0, 0); }));  // the upper edge
+  EXPECT_TRUE(
+      WaitUntil([&] { return PixelAt(face.Surface(), 200, 120) == RGB(0, 0, 0); }));  // the upper edge
   ButtonUp();
   const Point topLeft = PointAt(kStandardRange, size, 100, 120);
-  ExpectRangeAround(face, {topLeft.x + 100 * 20.0 / size.cx, topLeft.y - 40 * 20.0 / size.cy}, 200 * 20.0 / size.cx,
-                    80 * 20.0 / size.cy);
+  ExpectRangeAround(face, {topLeft.x + 100 * 20.0 / size.cx, topLeft.y - 40 * 20.0 / size.cy},
+                    200 * 20.0 / size.cx, 80 * 20.0 / size.cy);
 }
 
 // The picture that the control keeps, and what is seen of it elsewhere.
@@ -196,7 +198,8 @@ TEST(Face, rubber_band_and_trace_marker_leave_the_picture_alone) {
   ButtonDown();
   for (int step = 1; step <= 20; ++step) {
     MoveTo(face.Surface(), 60 + 10 * step, 40 + 7 * step);
-    ASSERT_EQ(PixelAt(face.Surface(), onAxis.x, onAxis.y), RGB(0, 0, 0)) << step;  // above the band: never repainted
+    ASSERT_EQ(PixelAt(face.Surface(), onAxis.x, onAxis.y), RGB(0, 0, 0))
+        << step;  // above the band: never repainted
   }
   EXPECT_EQ(face.PictureSum(), kept);
   EXPECT_FALSE(Capture(face.Surface()) == shown);

@@ -50,6 +50,14 @@ class FaceOnScreen {
     return WaitUntil([&] { return Simple(index) == text; });
   }
 
+  // The text of the window that has the focus in the host's thread.
+  [[nodiscard]] std::string FocusText() const {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    ::GetGUIThreadInfo(::GetWindowThreadProcessId(Top(), nullptr), &info);
+    return info.hwndFocus == nullptr ? "none" : TextOf(info.hwndFocus);
+  }
+
   // What the host program itself does on request.
   void Press(HostKey key) const {
     ::PostMessageW(Top(), kHostKeyMessage, static_cast<WPARAM>(key), 0);
@@ -60,7 +68,8 @@ class FaceOnScreen {
   // The control's range as its properties say.
   [[nodiscard]] Range GetRange() const {
     Automation control(Top());
-    return {control.Number(L"Xmin"), control.Number(L"Xmax"), control.Number(L"Ymin"), control.Number(L"Ymax")};
+    return {control.Number(L"Xmin"), control.Number(L"Xmax"), control.Number(L"Ymin"),
+            control.Number(L"Ymax")};
   }
   // A number of the control, by the name of its property.
   [[nodiscard]] double Number(const wchar_t* property) const { return Automation(Top()).Number(property); }

@@ -1,20 +1,10 @@
 // Mnemonics, Tab, Enter and Escape of the control, with and without help of the host's message loop.
 #include <gtest/gtest.h>
 
-#include "control/win32/wide_text.h"
 #include "host.h"
 
 namespace plotvane::test {
 namespace {
-
-// The text of the window that has the focus in the host's thread.
-std::string FocusText(const FaceOnScreen& face) {
-  GUITHREADINFO info{};
-  info.cbSize = sizeof info;
-  const DWORD thread = ::GetWindowThreadProcessId(face.Top(), nullptr);
-  ::GetGUIThreadInfo(thread, &info);
-  return info.hwndFocus == nullptr ? "none" : TextOf(info.hwndFocus);
-}
 
 class Keyboard : public testing::TestWithParam<const char*> {
  protected:
@@ -32,7 +22,7 @@ TEST_P(Keyboard, every_mnemonic_works) {
   PressKey('G', VK_MENU);
   EXPECT_TRUE(face.SimpleBecomes(kHint));
   PressKey('Y', VK_MENU);
-  EXPECT_EQ(FocusText(face), "1");  // the number box
+  EXPECT_EQ(face.FocusText(), "1");  // the number box
   TypeText("2");
   EXPECT_EQ(TextOf(face.NumberBox()), "2");
   PressKey('E', VK_MENU);
@@ -50,10 +40,10 @@ TEST_P(Keyboard, tab_goes_through_the_toolbar_and_back) {
   Click(face.Button("&Graph"));
   for (const char* caption : {"&Zoom", "Z&In", "Z&Out", "Z&Box", "&Range...", "&Trace", "&Eval", "1"}) {
     PressKey(VK_TAB);
-    EXPECT_EQ(FocusText(face), caption);
+    EXPECT_EQ(face.FocusText(), caption);
   }
   PressKey(VK_TAB, VK_SHIFT);
-  EXPECT_EQ(FocusText(face), "&Eval");
+  EXPECT_EQ(face.FocusText(), "&Eval");
 }
 
 TEST_P(Keyboard, escape_ends_the_action_wherever_the_focus_is) {
@@ -75,11 +65,119 @@ TEST_P(Keyboard, space_presses_the_focused_button) {
   EXPECT_TRUE(face.SimpleBecomes("Zoom In"));
 }
 
+TEST_P(Keyboard, the_arrows_step_through_the_functions_in_the_number_box) {
+  Click(face.NumberBox());
+  PressKey(VK_DOWN);
+  EXPECT_EQ(face.Status(), "Y2=x^2");
+  PressKey(VK_UP);
+  EXPECT_EQ(face.Status(), "Y1=x");
+  EXPECT_EQ(TextOf(face.NumberBox()), "1");
+}
+
+TEST_P(Keyboard, the_menu_works_by_arrows_enter_and_escape) {
+  Click(face.Button("&Graph"));
+  PressKey('Z', VK_MENU);
+  PressKey(VK_DOWN);
+  PressKey(VK_DOWN);  // Trig
+  PressKey(VK_RETURN);
+  EXPECT_TRUE(WaitUntil([&] { return face.Simple().starts_with("(14.1371669491155 x "); })) << face.Simple();
+  const std::string after = face.Simple();
+  PressKey('Z', VK_MENU);
+  PressKey(VK_ESCAPE);
+  EXPECT_TRUE(face.SimpleBecomes(kHint)) << face.Simple();
+  PressKey('I', VK_MENU);  // the keys are the control's again
+  EXPECT_TRUE(face.SimpleBecomes("Zoom In"));
+}
+
+TEST_P(Keyboard, the_dialogs_work_by_tab_mnemonics_enter_and_escape) {
+  Click(face.Button("&Graph"));
+  PressKey('R', VK_MENU);
+  HWND dialog = WaitForTop("Edit Range", kDialogClass);
+  ASSERT_NE(dialog, nullptr);
+  PressKey(VK_TAB);
+  RetypeText("20");
+  PressKey('1', VK_MENU);
+  RetypeText("-20");
+  PressKey(VK_TAB, VK_SHIFT);
+  EXPECT_EQ(face.FocusText(), "&Cancel");
+  PressKey(VK_TAB, VK_SHIFT);
+  PressKey(VK_RETURN);
+  EXPECT_TRUE(WaitUntil([&] { return !::IsWindow(dialog); }));
+  ::SetForegroundWindow(face.Top());
+  Click(face.Button("&Range..."));
+  dialog = WaitForTop("Edit Range", kDialogClass);
+  EXPECT_EQ(TextOf(FindByClass(dialog, "ComboBox", 0)), "-20");
+  EXPECT_EQ(TextOf(FindByClass(dialog, "ComboBox", 1)), "20");
+  PressKey('C', VK_MENU);
+  EXPECT_TRUE(WaitUntil([&] { return !::IsWindow(dialog); }));
+  face.ChooseZoom('e');
+  dialog = WaitForTop("Zoom Factors", kDialogClass);
+  PressKey('Y', VK_MENU);
+  RetypeText("8");
+  PressKey('O', VK_MENU);
+  EXPECT_TRUE(WaitUntil([&] { return !::IsWindow(dialog); }));
+  face.ChooseZoom('e');
+  dialog = WaitForTop("Zoom Factors", kDialogClass);
+  EXPECT_EQ(TextOf(FindByClass(dialog, "ComboBox", 1)), "8");
+  PressKey(VK_ESCAPE);
+  EXPECT_TRUE(WaitUntil([&] { return !::IsWindow(dialog); }));
+}
+
+struct GroupKey {
+  char key;
+  const char* focus;  // the text of what has the focus then
+};
+
+TEST_P(Keyboard, the_format_dialog_works_by_tab_arrows_mnemonics_and_escape) {
+  face.Press(HostKey::ShowFormat);
+  HWND dialog = WaitForTop("Format", kDialogClass);
+  ASSERT_NE(dialog, nullptr);
+  const HWND density = FindByClass(dialog, "Edit", 1);
+  Click(density);
+  RetypeText("5");
+  PressKey(VK_RETURN);  // accepts the number and leaves the dialog open
+  ASSERT_TRUE(::IsWindowVisible(dialog));
+  constexpr GroupKey kGroups[] = {{'G', "Grid Off"},  {'A', "Axis On"}, {'M', "Radians"},
+                                  {'D', "5"},  // two groups share this letter: the next one first
+                                  {'D', "Draw Line"}, {'W', "1"},       {'C', "Rectangular GC"}};
+  for (const GroupKey& group : kGroups) {
+    PressKey(static_cast<WORD>(group.key), VK_MENU);
+    EXPECT_EQ(face.FocusText(), group.focus) << group.key;
+  }
+  PressKey(VK_RIGHT);  // the other option of the group
+  EXPECT_TRUE(IsChecked(FindByText(dialog, "PolarGC")));
+  PressKey(VK_TAB);
+  EXPECT_EQ(face.FocusText(), "Draw Line");
+  PressKey('S', VK_MENU);
+  EXPECT_TRUE(WaitUntil([&] { return !::IsWindow(dialog); }));
+  face.Press(HostKey::ShowFormat);
+  dialog = WaitForTop("Format", kDialogClass);
+  EXPECT_TRUE(IsChecked(FindByText(dialog, "PolarGC")));
+  PressKey(VK_ESCAPE);
+  EXPECT_TRUE(WaitUntil([&] { return !::IsWindow(dialog); }));
+}
+
+TEST_P(Keyboard, message_and_input_boxes_give_the_focus_back) {
+  Click(face.NumberBox());
+  RetypeText("7");
+  PressKey('T', VK_MENU);
+  EXPECT_FALSE(TakeMessage("Invalid Equation").empty());
+  EXPECT_TRUE(WaitUntil([&] { return face.FocusText() == "7"; })) << face.FocusText();
+  TypeText("1");
+  PressKey('E', VK_MENU);
+  EXPECT_TRUE(Dismiss("Evaluate Function"));
+  EXPECT_TRUE(WaitUntil([&] { return face.FocusText() == "&Eval"; })) << face.FocusText();
+}
+
 std::string LoopName(const testing::TestParamInfo<const char*>& loop) {
-  constexpr const char* kNames[] = {"translating", "dispatching", "dialog_box"};
+  constexpr const char* kNames[] = {"translating", "dispatching", "dialog_box", "AtlAxWin",
+                                    "AtlAxWin_dialog_box"};
   return kNames[loop.index];
 }
-INSTANTIATE_TEST_SUITE_P(Loops, Keyboard, testing::Values("", "--no-translate", "--dialog-loop"), LoopName);
+INSTANTIATE_TEST_SUITE_P(Loops, Keyboard,
+                         testing::Values("", "--no-translate", "--dialog-loop", "--container",
+                                         "--container --dialog-loop"),
+                         LoopName);
 
 }  // namespace
 }  // namespace plotvane::test

@@ -6,45 +6,73 @@
 namespace plotvane::test {
 namespace {
 
-TEST(Life, the_host_closes_while_a_message_box_is_open) {
-  FaceOnScreen face;
+// What can be open when the end comes, and how it is opened.
+struct Opening {
+  const char* name;
+  void (*open)(const FaceOnScreen& face);
+};
+
+void OpenMessageBox(const FaceOnScreen& face) {
   Click(face.NumberBox());
   RetypeText("9");
   Click(face.Button("&Trace"));
   ASSERT_NE(WaitForTop("Invalid Equation", kDialogClass), nullptr);
-  face.Press(HostKey::EndFirst);  // the control goes away under its own message box
-  EXPECT_EQ(face.Control(), nullptr);
-  PressKey(VK_RETURN);
-  EXPECT_EQ(face.Host().Close(), 0);
 }
-
-TEST(Life, the_host_closes_while_an_input_box_is_open) {
-  FaceOnScreen face;
+void OpenInputBox(const FaceOnScreen& face) {
   Click(face.Button("&Eval"));
   ASSERT_NE(WaitForTop("Evaluate Function", kDialogClass), nullptr);
-  face.Press(HostKey::EndFirst);
   TypeText("1");
-  PressKey(VK_RETURN);
-  EXPECT_EQ(face.Host().Close(), 0);
 }
-
-TEST(Life, the_host_closes_while_the_menu_is_open) {
-  FaceOnScreen face;
+void OpenMenu(const FaceOnScreen& face) {
   Click(face.Button("&Zoom"));
-  face.Press(HostKey::EndFirst);
-  PressKey(VK_ESCAPE);
-  EXPECT_EQ(face.Host().Close(), 0);
+  ASSERT_TRUE(WaitUntil([] { return ::FindWindowW(L"#32768", nullptr) != nullptr; }));
 }
-
-TEST(Life, the_window_closes_while_dialogs_are_open) {
-  FaceOnScreen face;
+void OpenAllDialogs(const FaceOnScreen& face) {
+  face.ChooseZoom('e');
+  ASSERT_NE(WaitForTop("Zoom Factors", kDialogClass), nullptr);
   Click(face.Button("&Range..."));
   ASSERT_NE(WaitForTop("Edit Range", kDialogClass), nullptr);
   face.Press(HostKey::ShowFormat);
   ASSERT_NE(WaitForTop("Format", kDialogClass), nullptr);
-  EXPECT_EQ(face.Host().Close(), 0);
-  EXPECT_EQ(FindTop("Edit Range"), nullptr);
 }
+// With the button still down.
+void OpenBoxDrag(const FaceOnScreen& face) {
+  Click(face.Button("Z&Box"));
+  MoveTo(face.Surface(), 50, 50);
+  ButtonDown();
+  MoveTo(face.Surface(), 90, 80);
+}
+
+class WhileOpen : public testing::TestWithParam<Opening> {
+ protected:
+  void SetUp() override { GetParam().open(face); }
+  void TearDown() override {
+    ButtonUp();  // of a drag
+    for (const char* title :
+         {"Invalid Equation", "Evaluate Function", "Zoom Factors", "Edit Range", "Format"}) {
+      EXPECT_EQ(FindTop(title), nullptr) << title;
+    }
+  }
+
+  FaceOnScreen face;
+};
+
+TEST_P(WhileOpen, the_host_lets_go_of_the_control) {
+  face.Press(HostKey::EndFirst);
+  EXPECT_EQ(face.Control(), nullptr);
+  PressKey(VK_RETURN);  // what belongs to the system is still there to be answered
+  EXPECT_EQ(face.Host().Close(), 0);
+}
+
+TEST_P(WhileOpen, the_host_closes_its_window) {
+  EXPECT_EQ(face.Host().Close(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Life, WhileOpen,
+                         testing::Values(Opening{"message_box", OpenMessageBox},
+                                         Opening{"input_box", OpenInputBox}, Opening{"menu", OpenMenu},
+                                         Opening{"dialogs", OpenAllDialogs}, Opening{"drag", OpenBoxDrag}),
+                         [](const auto& opening) { return std::string(opening.param.name); });
 
 TEST(Life, the_control_may_go_away_at_the_end_of_a_plot) {
   FaceOnScreen face;
@@ -78,6 +106,16 @@ TEST(Life, two_controls_do_not_disturb_each_other) {
   PressKey('O', VK_MENU);  // the control that has the focus
   EXPECT_EQ(face.Simple(0), "Zoom In");
   EXPECT_EQ(face.Simple(1), "Zoom Out");
+  // Each has dialogs of its own.
+  Click(face.Button("&Range...", 0));
+  const HWND first = WaitForTop("Edit Range", kDialogClass);
+  ::SetWindowPos(first, HWND_TOP, 0, 700, 0, 0, SWP_NOSIZE);
+  Click(face.Button("&Range...", 1));
+  EXPECT_TRUE(WaitUntil([&] {
+    const HWND second = FindTop("Edit Range", kDialogClass);
+    return second != nullptr && second != first;
+  }));
+  EXPECT_TRUE(::IsWindowVisible(first));
 }
 
 TEST(Life, a_designer_shows_the_axes_and_ignores_the_user) {
