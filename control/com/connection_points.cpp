@@ -6,6 +6,7 @@
 
 #include "control/com/enumerator.h"
 #include "control/com/fence.h"
+#include "control/win32/floating_point_state.h"
 
 namespace plotvane::control::com {
 
@@ -42,6 +43,7 @@ HRESULT ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) noexcept {
     if (mContainer == nullptr) return CONNECT_E_CANNOTCONNECT;
     // A sink for events may answer for the event interface or for plain automation.
     ComPtr<IUnknown> connected;
+    const win32::HostFloatingPoint hostState;
     if (FAILED(sink->QueryInterface(mOutgoing, connected.ReceiveVoid())) &&
         FAILED(sink->QueryInterface(IID_IDispatch, connected.ReceiveVoid()))) {
       return CONNECT_E_CANNOTCONNECT;

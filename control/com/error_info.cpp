@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "control/com/bstr.h"
+#include "control/win32/floating_point_state.h"
 
 namespace plotvane::control::com {
 
@@ -101,7 +102,10 @@ std::string StandardErrorTextOf(HRESULT status) {
 
 void ThrowHostError(HRESULT status, EXCEPINFO& info) {
   if (status == DISP_E_EXCEPTION) {
-    if (info.pfnDeferredFillIn != nullptr) static_cast<void>(info.pfnDeferredFillIn(&info));
+    if (info.pfnDeferredFillIn != nullptr) {
+      const win32::HostFloatingPoint hostState;
+      static_cast<void>(info.pfnDeferredFillIn(&info));
+    }
     // An error is told by its status, or by an old-style code that counts as a standard error.
     if (info.scode != S_OK)
       status = info.scode;

@@ -5,6 +5,7 @@
 
 #include "control/com/bstr.h"
 #include "control/com/error_info.h"
+#include "control/win32/floating_point_state.h"
 #include "platform/runtime_error.h"
 
 namespace plotvane::control::com {
@@ -109,10 +110,33 @@ bool IsLeftOut(const VARIANT& value) noexcept {
   return present.vt == VT_ERROR && present.scode == DISP_E_PARAMNOTFOUND;
 }
 
+namespace {
+
+// What an object stands for where a value is wanted: its default property, which the host's code answers.
+Variant DefaultPropertyOf(const VARIANT& object) {
+  const auto automation = ObjectOf(object);
+  if (!automation) throw RunTimeError(StandardError::ObjectNotSet);
+  Variant held;
+  DISPPARAMS none{};
+  EXCEPINFO exception{};
+  HRESULT status = S_OK;
+  {
+    const win32::HostFloatingPoint hostState;
+    status =
+        automation->Invoke(DISPID_VALUE, IID_NULL, LOCALE_INVARIANT, DISPATCH_PROPERTYGET | DISPATCH_METHOD,
+                           &none, held.Receive(), &exception, nullptr);
+  }
+  if (FAILED(status)) ThrowHostError(status, exception);
+  if (IsObject(held.Get())) throw RunTimeError(StandardError::TypeMismatch);
+  return held;
+}
+
+}  // namespace
+
 Variant ConvertTo(VARTYPE type, const VARIANT& value) {
   Variant source = Variant::Resolved(value);
   if (source.Type() == type) return source;
-  if (IsObject(source.Get()) && !ObjectOf(source.Get())) throw RunTimeError(StandardError::ObjectNotSet);
+  if (IsObject(source.Get())) return ConvertTo(type, DefaultPropertyOf(source.Get()).Get());
   Variant converted;
   OrThrow(::VariantChangeTypeEx(&converted.Get(), &source.Get(), LOCALE_INVARIANT, VARIANT_ALPHABOOL, type));
   return converted;
@@ -141,17 +165,7 @@ platform::Value ToValue(const VARIANT& value) {
     case VT_BOOL: return platform::Value(source.Get().boolVal != VARIANT_FALSE);
     case VT_BSTR: return platform::Value(TextOf(source.Get().bstrVal));
     case VT_DISPATCH:
-    case VT_UNKNOWN: {
-      if (!ObjectOf(source.Get())) throw RunTimeError(StandardError::ObjectNotSet);
-      // Its default property, of whatever type that is.
-      Variant held;
-      DISPPARAMS none{};
-      OrThrow(ObjectOf(source.Get())
-                  ->Invoke(DISPID_VALUE, IID_NULL, LOCALE_INVARIANT, DISPATCH_PROPERTYGET | DISPATCH_METHOD,
-                           &none, held.Receive(), nullptr, nullptr));
-      if (IsObject(held.Get())) throw RunTimeError(StandardError::TypeMismatch);
-      return ToValue(held.Get());
-    }
+    case VT_UNKNOWN: return ToValue(DefaultPropertyOf(source.Get()).Get());
     default: return platform::Value(ToDouble(source.Get()));
   }
 }

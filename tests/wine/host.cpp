@@ -92,6 +92,10 @@ HRESULT NamedObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* 
 
 HRESULT NamedObject::Invoke(DISPID id, REFIID, LCID, WORD kinds, DISPPARAMS* given, VARIANT* result,
                             EXCEPINFO* exception, UINT*) noexcept {
+  if (id == DISPID_VALUE && mDefault) {
+    *result = mDefault().Detach();
+    return S_OK;
+  }
   if (id < 1 || static_cast<std::size_t>(id) > mMembers.size()) return DISP_E_MEMBERNOTFOUND;
   const ComPtr<IDispatch> alive(this);
   const auto member = mMembers[static_cast<std::size_t>(id - 1)];

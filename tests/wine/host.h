@@ -73,6 +73,8 @@ class NamedObject final : public Implements<IDispatch> {
   // A property that keeps a value.
   void DefineField(const std::wstring& name, Variant value);
   [[nodiscard]] Variant& Field(const std::wstring& name);
+  // What the object stands for where a value is wanted.
+  void DefineDefault(std::function<Variant()> value) { mDefault = std::move(value); }
   // Runs `action` before every call of the member; what it throws is what the member throws.
   void Intercept(const std::wstring& name, std::function<void()> action) {
     mIntercepts[name] = std::move(action);
@@ -91,6 +93,7 @@ class NamedObject final : public Implements<IDispatch> {
  private:
   std::vector<std::pair<std::wstring, Member>> mMembers;
   std::map<std::wstring, Variant> mFields;
+  std::function<Variant()> mDefault;
   std::map<std::wstring, std::function<void()>> mIntercepts;
 };
 

@@ -17,24 +17,29 @@ constexpr const wchar_t* kOther = sizeof(void*) == 8 ? L"win32" : L"win64";
 // Every key and value below a key, as text.
 using Snapshot = std::map<std::wstring, std::wstring>;
 
-void Collect(HKEY root, const std::wstring& path, Snapshot& snapshot) {
+// `label` names the root in the snapshot.
+void Collect(HKEY root, const std::wstring& label, const std::wstring& path, Snapshot& snapshot) {
   HKEY key = nullptr;
   if (::RegOpenKeyExW(root, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return;
-  snapshot[path + L"\\"] = L"";
+  snapshot[label + path + L"\\"] = L"";
   wchar_t name[300];
   wchar_t value[1000];
   for (DWORD index = 0;; ++index) {
     DWORD length = 300;
     DWORD size = sizeof value - sizeof(wchar_t);
-    if (::RegEnumValueW(key, index, name, &length, nullptr, nullptr, reinterpret_cast<BYTE*>(value), &size) !=
-        ERROR_SUCCESS) {
-      break;
+    const LSTATUS status =
+        ::RegEnumValueW(key, index, name, &length, nullptr, nullptr, reinterpret_cast<BYTE*>(value), &size);
+    if (status != ERROR_SUCCESS && status != ERROR_MORE_DATA) break;
+    // A long value is told by its length: none of the control's is.
+    if (status == ERROR_MORE_DATA) {
+      snapshot[label + path + L"\\:" + name] = std::to_wstring(size);
+      continue;
     }
     value[size / sizeof(wchar_t)] = L'\0';
-    snapshot[path + L"\\:" + name] = value;
+    snapshot[label + path + L"\\:" + name] = value;
   }
   for (DWORD index = 0; ::RegEnumKeyW(key, index, name, 300) == ERROR_SUCCESS; ++index) {
-    Collect(root, path.empty() ? name : path + L"\\" + name, snapshot);
+    Collect(root, label, path.empty() ? name : path + L"\\" + name, snapshot);
   }
   ::RegCloseKey(key);
 }
@@ -63,13 +68,30 @@ class Registration : public testing::TestWithParam<bool> {
         entry(install ? "DllRegisterServer" : "DllUnregisterServer"))();
   }
 
-  Snapshot Now() {
+  // All of the registry that a program can write.
+  static Snapshot Now() {
     Snapshot snapshot;
-    for (const wchar_t* path :
-         {L"CLSID", L"TypeLib", L"Interface", L"Plotvane.Graph", L"Component Categories"}) {
-      Collect(mClasses, path, snapshot);
-    }
+    Collect(HKEY_LOCAL_MACHINE, L"Machine: ", L"Software", snapshot);
+    Collect(HKEY_CURRENT_USER, L"User: ", L"", snapshot);
     return snapshot;
+  }
+
+  // What is in one of two and not in the other, by the key.
+  static std::wstring Difference(const Snapshot& one, const Snapshot& other) {
+    std::wstring lines;
+    for (const auto& [name, value] : one) {
+      const auto found = other.find(name);
+      if (found == other.end() || found->second != value) lines += name + L"=" + value + L"\n";
+    }
+    return lines;
+  }
+  static void ExpectSame(const Snapshot& now, const Snapshot& before) {
+    EXPECT_EQ(Difference(now, before), L"") << "new or changed";
+    EXPECT_EQ(Difference(before, now), L"") << "gone or changed";
+  }
+
+  static std::wstring Path(const std::wstring& key) {
+    return (GetParam() ? L"User: Software\\Classes\\" : L"Machine: Software\\Classes\\") + key;
   }
 
   std::wstring Value(const std::wstring& key, const wchar_t* name = L"") {
@@ -110,17 +132,18 @@ TEST_P(Registration, leaves_what_containers_look_for_and_takes_all_of_it_back) {
   const Snapshot registered = Now();
   for (const wchar_t* subkey :
        {L"Control", L"Programmable", L"Implemented Categories\\{40FC6ED4-2438-11CF-A3DB-080036F12502}"}) {
-    EXPECT_EQ(registered.count(key + L"\\" + subkey + L"\\"), 1U);
+    EXPECT_EQ(registered.count(Path(key) + L"\\" + subkey + L"\\"), 1U);
   }
   // Not a document for "Insert Object", not safe for scripting.
-  EXPECT_EQ(registered.count(key + L"\\Insertable\\"), 0U);
-  EXPECT_EQ(registered.count(key + L"\\Implemented Categories\\{7DD95801-9882-11CF-9FA9-00AA006C42C4}\\"),
-            0U);
+  EXPECT_EQ(registered.count(Path(key) + L"\\Insertable\\"), 0U);
+  EXPECT_EQ(
+      registered.count(Path(key) + L"\\Implemented Categories\\{7DD95801-9882-11CF-9FA9-00AA006C42C4}\\"),
+      0U);
   // Twice is as good as once.
   EXPECT_EQ(Install(true), S_OK);
-  EXPECT_EQ(Now(), registered);
+  ExpectSame(Now(), registered);
   EXPECT_EQ(Install(false), S_OK);
-  EXPECT_EQ(Now(), before);
+  ExpectSame(Now(), before);
   EXPECT_EQ(Install(false), S_OK) << "nothing to remove";
 }
 
@@ -142,6 +165,27 @@ TEST_P(Registration, leaves_the_control_of_the_other_bitness_usable) {
   EXPECT_EQ(Install(true), S_OK);
   EXPECT_EQ(Install(false), S_OK);
   EXPECT_EQ(Value(L"Plotvane.Graph\\CLSID"), L"");
+}
+
+TEST_P(Registration, coming_after_the_control_of_the_other_bitness_leaves_every_key_of_it) {
+  // The other one was here first: its share of the type library and its class.
+  const std::wstring other = std::wstring(kLibrary) + L"\\409\\" + kOther;
+  const std::wstring otherClass = L"Wow6432Node\\" + std::wstring(kClass);
+  ASSERT_EQ(Install(true), S_OK);
+  Seed(other, L"C:\\Other\\Plotvane.ocx");
+  Seed(otherClass + L"\\InprocServer32", L"C:\\Other\\Plotvane.ocx");
+  Seed(otherClass + L"\\ProgID", L"Plotvane.Graph");
+  ASSERT_EQ(Install(false), S_OK);
+  const Snapshot before = Now();
+  ASSERT_EQ(Install(true), S_OK);
+  EXPECT_EQ(Value(other), L"C:\\Other\\Plotvane.ocx");
+  EXPECT_NE(Value(std::wstring(kLibrary) + L"\\409\\" + kPlatform), L"");
+  ASSERT_EQ(Install(false), S_OK);
+  ExpectSame(Now(), before);
+  ::RegDeleteTreeW(mClasses, other.c_str());
+  ::RegDeleteTreeW(mClasses, otherClass.c_str());
+  EXPECT_EQ(Install(true), S_OK);
+  EXPECT_EQ(Install(false), S_OK);
 }
 
 INSTANTIATE_TEST_SUITE_P(Scopes, Registration, testing::Bool(),
