@@ -4,7 +4,6 @@
 #include <initializer_list>
 #include <vector>
 
-#include "tests/wine/bitmap.h"
 #include "tests/wine/hosting_fixture.h"
 
 namespace plotvane::tests {
@@ -121,15 +120,7 @@ TEST_F(Ambient, the_others_are_not_asked_for_and_leave_the_picture_as_it_is) {
   Variant array = ArrayOf({function.Get()});
   ASSERT_EQ(graph->SetYArray(&array.Get(), nullptr), S_OK);
   function->calls.clear();
-  const auto picture = [&] {
-    Bitmap bitmap(400, 300);
-    const RECTL bounds{0, 0, 400, 300};
-    As<IViewObject>(graph.Get())
-        ->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, bitmap.Context(), &bounds, nullptr, nullptr,
-               0);
-    return bitmap;
-  };
-  const Bitmap before = picture();
+  const Bitmap before = Picture();
   EXPECT_GT(before.Count(RGB(255, 0, 0)), 300);
   // The site fails the test when it is asked for one of them.
   for (const DISPID id : std::initializer_list<DISPID>{
@@ -137,7 +128,7 @@ TEST_F(Ambient, the_others_are_not_asked_for_and_leave_the_picture_as_it_is) {
            DISPID_AMBIENT_DISPLAYNAME, DISPID_AMBIENT_SHOWGRABHANDLES, DISPID_AMBIENT_SHOWHATCHING,
            DISPID_AMBIENT_MESSAGEREFLECT, DISPID_AMBIENT_SCALEUNITS, 12345}) {
     Change(id);
-    EXPECT_EQ(before.DifferentPixels(picture()), 0) << id;
+    EXPECT_EQ(before.DifferentPixels(Picture()), 0) << id;
   }
   EXPECT_EQ(function->calls[L"Equation"], 0) << "nothing was drawn anew";
   EXPECT_TRUE(UserCanPlot());

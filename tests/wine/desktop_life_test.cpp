@@ -6,7 +6,7 @@
 #include <string>
 #include <thread>
 
-#include "tests/wine/host.h"
+#include "tests/wine/strict_site.h"
 
 namespace plotvane::tests {
 namespace {
@@ -18,23 +18,6 @@ bool WaitUntil(const std::function<bool()>& condition) {
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
   }
   return true;
-}
-
-std::wstring TextOf(HWND window) {
-  wchar_t text[300]{};
-  DWORD_PTR length = 0;
-  constexpr UINT kPatience = 5000;
-  ::SendMessageTimeoutW(window, WM_GETTEXT, 300, reinterpret_cast<LPARAM>(text), SMTO_NORMAL, kPatience,
-                        &length);
-  return text;
-}
-
-HWND ChildWithText(HWND parent, const std::wstring& text) {
-  for (HWND child = nullptr; (child = ::FindWindowExW(parent, child, nullptr, nullptr)) != nullptr;) {
-    if (TextOf(child) == text) return child;
-    if (const HWND found = ChildWithText(child, text); found != nullptr) return found;
-  }
-  return nullptr;
 }
 
 // The desktop host as a process with a window; ended at the end, by force if it must.
@@ -84,7 +67,7 @@ class DesktopHost {
       DWORD process = 0;
       ::GetWindowThreadProcessId(window, &process);
       if (process != mProcess.dwProcessId) continue;
-      const std::wstring text = TextOf(window);
+      const std::wstring text = TextOfWindow(window);
       if (title.empty() ? text.ends_with(L" - Plotvane") : text == title) return window;
     }
     return nullptr;

@@ -1,6 +1,8 @@
 // What the object is: persistence that keeps nothing, class information, aggregation, what it refuses.
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "tests/wine/hosting_fixture.h"
 
 namespace plotvane::tests {
@@ -24,6 +26,67 @@ TEST_F(Hosting, nothing_is_saved_and_nothing_is_read) {
   CLSID id{};
   EXPECT_EQ(persist->GetClassID(&id), S_OK);
   EXPECT_TRUE(::IsEqualCLSID(id, CLSID_Graph));
+}
+
+// Fails the test when anything is read or written.
+class StrictBag final : public Implements<IPropertyBag> {
+ public:
+  HRESULT STDMETHODCALLTYPE Read(LPCOLESTR name, VARIANT*, IErrorLog*) noexcept override {
+    ADD_FAILURE() << "asked for " << control::com::Utf8(name);
+    return E_FAIL;
+  }
+  HRESULT STDMETHODCALLTYPE Write(LPCOLESTR name, VARIANT*) noexcept override {
+    ADD_FAILURE() << "wrote " << control::com::Utf8(name);
+    return E_FAIL;
+  }
+};
+
+TEST_F(Hosting, a_property_bag_stays_untouched) {
+  const auto bag = Make<StrictBag>();
+  const auto persist = As<IPersistPropertyBag>(graph.Get());
+  EXPECT_EQ(persist->InitNew(), S_OK);
+  EXPECT_EQ(persist->Load(bag.Get(), nullptr), S_OK);
+  EXPECT_EQ(persist->Save(bag.Get(), TRUE, TRUE), S_OK);
+  EXPECT_EQ(persist->Save(nullptr, TRUE, TRUE), E_POINTER);
+}
+
+TEST_F(Hosting, a_storage_gets_the_class_and_nothing_else) {
+  ComPtr<IStorage> storage;
+  ASSERT_EQ(
+      ::StgCreateDocfile(nullptr, STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE | STGM_DELETEONRELEASE,
+                         0, storage.Receive()),
+      S_OK);
+  const auto persist = As<IPersistStorage>(graph.Get());
+  EXPECT_EQ(persist->InitNew(storage.Get()), S_OK);
+  EXPECT_EQ(persist->IsDirty(), S_FALSE);
+  EXPECT_EQ(persist->Save(storage.Get(), TRUE), S_OK);
+  EXPECT_EQ(persist->SaveCompleted(nullptr), S_OK);
+  EXPECT_EQ(persist->HandsOffStorage(), S_OK);
+  EXPECT_EQ(persist->Load(storage.Get()), S_OK);
+  CLSID id{};
+  EXPECT_EQ(::ReadClassStg(storage.Get(), &id), S_OK);
+  EXPECT_TRUE(::IsEqualCLSID(id, CLSID_Graph));
+  ComPtr<IEnumSTATSTG> elements;
+  ASSERT_EQ(storage->EnumElements(0, nullptr, 0, elements.Receive()), S_OK);
+  STATSTG element{};
+  EXPECT_EQ(elements->Next(1, &element, nullptr), S_FALSE);
+}
+
+TEST_F(Hosting, one_verb_and_a_name_are_offered) {
+  ComPtr<IEnumOLEVERB> verbs;
+  ASSERT_EQ(object->EnumVerbs(verbs.Receive()), S_OK);
+  OLEVERB verb{};
+  ASSERT_EQ(verbs->Next(1, &verb, nullptr), S_OK);
+  EXPECT_EQ(verb.lVerb, OLEIVERB_PRIMARY);
+  EXPECT_EQ(std::wstring(verb.lpszVerbName), L"&Edit");
+  ::CoTaskMemFree(verb.lpszVerbName);
+  EXPECT_EQ(verbs->Next(1, &verb, nullptr), S_FALSE);
+  LPOLESTR name = nullptr;
+  ASSERT_EQ(object->GetUserType(USERCLASSTYPE_FULL, &name), S_OK);
+  EXPECT_EQ(std::wstring(name), L"Plotvane Graph");
+  ::CoTaskMemFree(name);
+  EXPECT_EQ(Do(OLEIVERB_OPEN), E_NOTIMPL) << "it has no window of its own";
+  EXPECT_EQ(Do(5), OLEOBJ_S_INVALIDVERB);
 }
 
 TEST_F(Hosting, refused_interfaces_are_not_there) {

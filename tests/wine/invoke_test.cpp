@@ -1,6 +1,7 @@
 // Late-bound calls with everything that callers pass, and the errors that come back.
 #include <gtest/gtest.h>
 
+#include "control/com/host_object.h"
 #include "tests/wine/control_fixture.h"
 
 namespace plotvane::tests {
@@ -84,6 +85,40 @@ TEST_F(Control, arguments_may_be_named_and_locales_do_not_matter) {
   EXPECT_EQ(graph->Invoke(found[0], IID_NULL, kGerman, kCall, &arguments, nullptr, nullptr, nullptr), S_OK);
   // The centre of 400 x 300 pixels: the range shrinks to a quarter about it.
   EXPECT_NEAR(Number(L"W"), 5, 1e-12);
+}
+
+TEST_F(Control, an_argument_left_out_counts_as_missing_in_every_way) {
+  const auto function = MakeFunction("x");
+  const auto sink = Make<EventSink>();
+  Connect(graph.Get(), DIID___Graph, sink.Get());
+  const Variant array = ArrayOf({function.Get()});
+  Variant missing = Variant::Missing();
+  // A missing RedrawGraph is true: each of these draws.
+  EXPECT_EQ(CallByName(graph.Get(), L"SetYArray", kCall, {array}).status, S_OK);
+  EXPECT_EQ(sink->plotDone, 1);
+  EXPECT_EQ(CallByName(graph.Get(), L"SetYArray", kCall, {array, missing}).status, S_OK);
+  EXPECT_EQ(sink->plotDone, 2);
+  EXPECT_EQ(CallByName(graph.Get(), L"SetYArray", kCall, {array, control::com::ReferenceTo(missing)}).status,
+            S_OK);
+  EXPECT_EQ(sink->plotDone, 3);
+  // Named alone: v is the identifier 0.
+  VARIANT value = array.Get();
+  DISPID name = 0;
+  DISPPARAMS named{&value, &name, 1, 1};
+  auto member = const_cast<LPOLESTR>(L"SetYArray");
+  DISPID id = 0;
+  ASSERT_EQ(graph->GetIDsOfNames(IID_NULL, &member, 1, 0, &id), S_OK);
+  EXPECT_EQ(graph->Invoke(id, IID_NULL, 0, kCall, &named, nullptr, nullptr, nullptr), S_OK);
+  EXPECT_EQ(sink->plotDone, 4);
+  EXPECT_EQ(CallByName(graph.Get(), L"SetYArray", kCall, {array, Variant(false)}).status, S_OK);
+  EXPECT_EQ(sink->plotDone, 4);
+}
+
+TEST_F(Control, a_method_may_be_called_as_method_or_property) {
+  const CallResult call = CallByName(graph.Get(), L"GetGraphWidth", static_cast<WORD>(kCall | kGet));
+  EXPECT_EQ(call.status, S_OK);
+  EXPECT_EQ(control::com::ToInt32(call.value.Get()), 400);
+  EXPECT_EQ(CallByName(graph.Get(), L"Xmin", static_cast<WORD>(kCall | kGet)).status, S_OK);
 }
 
 TEST_F(Control, put_and_putref_together_write_an_object) {

@@ -1,7 +1,6 @@
 // Life in a strict container, and every order of ending it.
 #include <gtest/gtest.h>
 
-#include "tests/wine/bitmap.h"
 #include "tests/wine/hosting_fixture.h"
 
 namespace plotvane::tests {
@@ -166,21 +165,13 @@ TEST_F(Hosting, the_curve_stays_over_deactivation_and_another_activation) {
   const auto function = MakeFunction("0*x+5", RGB(255, 0, 0));
   Variant array = ArrayOf({function.Get()});
   ASSERT_EQ(graph->SetYArray(&array.Get(), nullptr), S_OK);
-  const auto picture = [&] {
-    Bitmap bitmap(400, 300);
-    const RECTL bounds{0, 0, 400, 300};
-    As<IViewObject>(graph.Get())
-        ->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, bitmap.Context(), &bounds, nullptr, nullptr,
-               0);
-    return bitmap;
-  };
-  const Bitmap before = picture();
+  const Bitmap before = Picture();
   EXPECT_GT(before.Count(RGB(255, 0, 0)), 300);
   function->calls.clear();
   As<IOleInPlaceObject>(graph.Get())->InPlaceDeactivate();
-  EXPECT_EQ(before.DifferentPixels(picture()), 0);
+  EXPECT_EQ(before.DifferentPixels(Picture()), 0);
   ASSERT_EQ(Do(OLEIVERB_INPLACEACTIVATE), S_OK);
-  EXPECT_EQ(before.DifferentPixels(picture()), 0);
+  EXPECT_EQ(before.DifferentPixels(Picture()), 0);
   EXPECT_EQ(function->calls[L"Equation"], 0) << "it was not drawn anew";
   End();
 }

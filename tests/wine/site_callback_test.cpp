@@ -35,16 +35,6 @@ HWND ControlWindow(Host& host) {
   return control;
 }
 
-HWND ChildWithText(HWND parent, const wchar_t* text) {
-  for (HWND child = nullptr; (child = ::FindWindowExW(parent, child, nullptr, nullptr)) != nullptr;) {
-    wchar_t caption[100]{};
-    ::GetWindowTextW(child, caption, 100);
-    if (std::wstring(caption) == text) return child;
-    if (const HWND found = ChildWithText(child, text); found != nullptr) return found;
-  }
-  return nullptr;
-}
-
 // A life with every call to the site; each step lives with what became of the control in the step before.
 void LiveThroughEveryCall(Host& host) {
   Variant functions = ArrayOf({host.function.Get()});

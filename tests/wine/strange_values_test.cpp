@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <vector>
 
+#include "control/com/host_object.h"
 #include "tests/wine/control_fixture.h"
 
 namespace plotvane::tests {
@@ -171,21 +173,45 @@ TEST_F(Control, PIC_refuses_what_is_no_object_and_keeps_its_surface) {
   }
 }
 
+// Values as scripts hand them in: plain, and as a variable of theirs.
+std::vector<Variant> PlainAndAsVariable(Variant& value) {
+  return {value, control::com::ReferenceTo(value)};
+}
+
 TEST_F(Control, by_reference_numbers_refuse_what_does_not_convert) {
   for (const wchar_t* name : {L"PenWidth", L"PlotPixelStep", L"DegreeMode"}) {
-    for (const Input& input : StrangeValues()) {
-      const double before = Number(name);
-      const CallResult call = CallByName(graph.Get(), name, kPut, {input.value});
+    for (Input& input : StrangeValues()) {
       const std::string text = input.name;
       const bool refused = (input.value.Type() & VT_ARRAY) != 0 || text == "null" || text == "error" ||
                            text == "text" || text == "empty text" || text == "unset object" ||
                            text == "unset unknown";
-      if (refused) {
-        EXPECT_TRUE(FAILED(call.status)) << control::com::Utf8(name) << " " << input.name;
-        EXPECT_EQ(Number(name), before) << input.name;
-      } else if (text != "large number" && text != "not a number" && text != "infinity") {
-        EXPECT_EQ(call.status, S_OK) << control::com::Utf8(name) << " " << input.name;
+      for (const Variant& value : PlainAndAsVariable(input.value)) {
+        const double before = Number(name);
+        const CallResult call = CallByName(graph.Get(), name, kPut, {value});
+        if (refused) {
+          EXPECT_TRUE(FAILED(call.status)) << control::com::Utf8(name) << " " << input.name;
+          EXPECT_EQ(Number(name), before) << input.name;
+        } else if (text != "large number" && text != "not a number" && text != "infinity") {
+          EXPECT_EQ(call.status, S_OK) << control::com::Utf8(name) << " " << input.name;
+        }
       }
+    }
+  }
+}
+
+TEST_F(Control, expression_texts_refuse_what_is_no_text_and_keep_text_and_number) {
+  for (Input& input : StrangeValues()) {
+    const std::string name = input.name;
+    const bool refused = (input.value.Type() & VT_ARRAY) != 0 || name == "null" || name == "error" ||
+                         name == "unset object" || name == "unset unknown";
+    for (const Variant& value : PlainAndAsVariable(input.value)) {
+      ASSERT_EQ(CallByName(graph.Get(), L"XMinStringEval", kPut, {Variant("-7")}).status, S_OK);
+      const CallResult call = CallByName(graph.Get(), L"XMinStringEval", kPut, {value});
+      EXPECT_EQ(SUCCEEDED(call.status), !refused) << input.name;
+      if (!refused) continue;
+      EXPECT_EQ(control::com::ToText(CallByName(graph.Get(), L"XMinStringEval", kGet).value.Get()), "-7")
+          << name;
+      EXPECT_EQ(Number(L"Xmin"), -7) << name;
     }
   }
 }

@@ -137,4 +137,21 @@ void PumpMessages() {
   }
 }
 
+std::wstring TextOfWindow(HWND window) {
+  constexpr UINT kPatience = 5000;
+  wchar_t text[300]{};
+  DWORD_PTR length = 0;
+  ::SendMessageTimeoutW(window, WM_GETTEXT, 300, reinterpret_cast<LPARAM>(text), SMTO_NORMAL, kPatience,
+                        &length);
+  return text;
+}
+
+HWND ChildWithText(HWND parent, const std::wstring& text) {
+  for (HWND child = nullptr; (child = ::FindWindowExW(parent, child, nullptr, nullptr)) != nullptr;) {
+    if (TextOfWindow(child) == text) return child;
+    if (const HWND found = ChildWithText(child, text); found != nullptr) return found;
+  }
+  return nullptr;
+}
+
 }  // namespace plotvane::tests

@@ -157,4 +157,9 @@ class HostWindow {
 // Handles the messages that are waiting.
 void PumpMessages();
 
+// The text of a window, of another process too; empty when that process does not answer.
+[[nodiscard]] std::wstring TextOfWindow(HWND window);
+// The first window with that text within `parent`, at any depth.
+[[nodiscard]] HWND ChildWithText(HWND parent, const std::wstring& text);
+
 }  // namespace plotvane::tests

@@ -7,16 +7,12 @@
 #include <vector>
 
 #include "control/win32/handles.h"
-#include "tests/wine/bitmap.h"
 #include "tests/wine/hosting_fixture.h"
 
 namespace plotvane::tests {
 namespace {
 
 constexpr LONG kRed = RGB(255, 0, 0);
-constexpr SIZEL kExtent{10583, 7938};  // 400 x 300 pixels at 96 dots per inch
-constexpr int kWidth = 400;
-constexpr int kHeight = 300;
 
 class View : public Hosting {
  protected:
@@ -28,22 +24,10 @@ class View : public Hosting {
     ASSERT_EQ(graph->SetYArray(&array.Get(), nullptr), S_OK);
   }
 
-  HRESULT Draw(HDC context, const RECTL& bounds) {
-    return As<IViewObjectEx>(graph.Get())
-        ->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, context, &bounds, &bounds, nullptr, 0);
-  }
-
   LONG SurfaceHeight() {
     LONG height = 0;
     EXPECT_EQ(graph->GetGraphHeight(&height), S_OK);
     return height;
-  }
-
-  // The control as the container draws it, at its own size.
-  Bitmap Picture() {
-    Bitmap bitmap(kWidth, kHeight);
-    EXPECT_EQ(Draw(bitmap.Context(), {0, 0, kWidth, kHeight}), S_OK);
-    return bitmap;
   }
 
   ComPtr<NamedObject> mFunction;
