@@ -19,9 +19,9 @@ constexpr DWORD kListStyle = WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | LBS_NOINTEGR
 }  // namespace
 
 // Labels come right before their controls, so that a label's mnemonic leads to its control.
-CalculatorPanel::CalculatorPanel(HWND parent, Calculator& calculator, std::function<void()> calculated)
+CalculatorPanel::CalculatorPanel(HWND parent, Calculator& calculator, Owner owner)
     : mCalculator(calculator),
-      mCalculated(std::move(calculated)),
+      mOwner(std::move(owner)),
       mInputLabel(MakeChild(parent, L"STATIC", L"&Calculator:", 0, kLabelId)),
       mInput(MakeChild(parent, L"EDIT", L"", WS_TABSTOP | ES_AUTOHSCROLL, kInputId, WS_EX_CLIENTEDGE)),
       mHistory(MakeChild(parent, L"LISTBOX", L"", kListStyle, kHistoryId, WS_EX_CLIENTEDGE)),
@@ -59,7 +59,12 @@ void CalculatorPanel::Layout(const RECT& place, Scale scale, HFONT font) {
 }
 
 bool CalculatorPanel::OnKey(const MSG& message) {
-  if (message.message != WM_KEYDOWN || message.hwnd != mInput) return false;
+  if (message.message != WM_KEYDOWN) return false;
+  if (message.hwnd == mHistory && message.wParam == VK_RETURN) {
+    BringBack();
+    return true;
+  }
+  if (message.hwnd != mInput) return false;
   switch (message.wParam) {
     case VK_RETURN: Calculate(); return true;
     case VK_UP: SetInput(mCalculator.Older()); return true;
@@ -70,26 +75,28 @@ bool CalculatorPanel::OnKey(const MSG& message) {
 
 bool CalculatorPanel::OnCommand(int id, int notification) {
   if (id != kHistoryId) return id >= kLabelId && id <= kVariablesId;
-  if (notification == LBN_DBLCLK) {
-    // Each calculation is one line of the list.
-    const int line = ListBox_GetCurSel(mHistory);
-    const auto& history = mCalculator.History();
-    if (line >= 0 && static_cast<std::size_t>(line) < history.size()) {
-      SetInput(history[static_cast<std::size_t>(line)].input);
-      ::SetFocus(mInput);
-    }
-  }
+  if (notification == LBN_DBLCLK) BringBack();
   return true;
 }
 
+// Each calculation is one line of the list.
+void CalculatorPanel::BringBack() {
+  const int line = ListBox_GetCurSel(mHistory);
+  const auto& history = mCalculator.History();
+  if (line < 0 || static_cast<std::size_t>(line) >= history.size()) return;
+  SetInput(history[static_cast<std::size_t>(line)].input);
+  ::SetFocus(mInput);
+}
+
 void CalculatorPanel::Calculate() {
+  mOwner.calculates();
   const Calculator::Line* const line = mCalculator.Calculate(ToUtf8(WindowText(mInput)));
   if (line == nullptr) return;
   const std::wstring shown = ToWide(line->input + (line->failed ? "  -  " : "  =  ") + line->answer);
   const LRESULT last = ::SendMessageW(mHistory, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(shown.c_str()));
   ::SendMessageW(mHistory, LB_SETTOPINDEX, static_cast<WPARAM>(last), 0);
   SetInput({});
-  mCalculated();
+  mOwner.calculated();
 }
 
 void CalculatorPanel::SetInput(const std::string& text) {

@@ -14,8 +14,15 @@ namespace plotvane::desktop {
 
 class CalculatorPanel {
  public:
-  // `calculator` must outlive the panel. `calculated`: a line was evaluated, variables may have changed.
-  CalculatorPanel(HWND parent, Calculator& calculator, std::function<void()> calculated);
+  // What the panel tells the window around it: a line is going to be evaluated; it was, and variables may have
+  // changed.
+  struct Owner {
+    std::function<void()> calculates;
+    std::function<void()> calculated;
+  };
+
+  // `calculator` must outlive the panel.
+  CalculatorPanel(HWND parent, Calculator& calculator, Owner owner);
 
   // Shows the variables, one text for each: "a = 2".
   void ShowVariables(const std::vector<std::string>& variables);
@@ -23,17 +30,18 @@ class CalculatorPanel {
   // Fills `place`.
   void Layout(const RECT& place, Scale scale, HFONT font);
 
-  // Enter, Up and Down in the calculator line; true when the key was taken.
+  // Enter, Up and Down in the calculator line, Enter in the history; true when the key was taken.
   bool OnKey(const MSG& message);
-  // A double click in the history brings the line back.
+  // A double click in the history (or Enter) brings the line back.
   bool OnCommand(int id, int notification);
 
  private:
   void Calculate();
+  void BringBack();
   void SetInput(const std::string& text);
 
   Calculator& mCalculator;
-  std::function<void()> mCalculated;
+  Owner mOwner;
   HWND mInputLabel;
   HWND mInput;
   HWND mHistory;

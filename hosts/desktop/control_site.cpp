@@ -38,30 +38,12 @@ void ControlSite::Detach() {
   SetActiveObject(nullptr, nullptr);
 }
 
-HRESULT ControlSite::QueryInterface(REFIID iid, void** object) {
-  if (object == nullptr) return E_POINTER;
-  if (iid == IID_IUnknown || iid == IID_IOleClientSite) {
-    *object = static_cast<IOleClientSite*>(this);
-  } else if (iid == IID_IOleWindow || iid == IID_IOleInPlaceSite) {
-    *object = static_cast<IOleInPlaceSite*>(this);
-  } else if (iid == IID_IOleInPlaceUIWindow || iid == IID_IOleInPlaceFrame) {
-    *object = static_cast<IOleInPlaceFrame*>(this);
-  } else if (iid == IID_IOleControlSite) {
-    *object = static_cast<IOleControlSite*>(this);
-  } else if (iid == IID_IDispatch) {
-    *object = static_cast<IDispatch*>(this);
-  } else {
-    *object = nullptr;
-    return E_NOINTERFACE;
-  }
-  AddRef();
-  return S_OK;
-}
-
-ULONG ControlSite::Release() {
-  const ULONG left = --mReferences;
-  if (left == 0) delete this;
-  return left;
+void* ControlSite::Find(REFIID iid) {
+  if (iid == IID_IOleClientSite) return static_cast<IOleClientSite*>(this);
+  if (iid == IID_IOleWindow || iid == IID_IOleInPlaceSite) return static_cast<IOleInPlaceSite*>(this);
+  if (iid == IID_IOleInPlaceUIWindow || iid == IID_IOleInPlaceFrame) return static_cast<IOleInPlaceFrame*>(this);
+  if (iid == IID_IOleControlSite) return static_cast<IOleControlSite*>(this);
+  return AutomationObject::Find(iid);
 }
 
 HRESULT ControlSite::GetMoniker(DWORD, DWORD, IMoniker** moniker) {
@@ -102,10 +84,7 @@ HRESULT ControlSite::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWin
 }
 
 HRESULT ControlSite::SetActiveObject(IOleInPlaceActiveObject* activeObject, LPCOLESTR) {
-  if (activeObject != nullptr) activeObject->AddRef();
-  IOleInPlaceActiveObject* const previous = mActiveObject;
   mActiveObject = activeObject;
-  if (previous != nullptr) previous->Release();
   return S_OK;
 }
 
@@ -119,17 +98,6 @@ HRESULT ControlSite::TransformCoords(POINTL*, POINTF*, DWORD) { return E_NOTIMPL
 
 // Keys that the control offers its container first: none is taken, the window has handled its own already.
 HRESULT ControlSite::TranslateAccelerator(MSG*, DWORD) { return S_FALSE; }
-
-HRESULT ControlSite::GetTypeInfoCount(UINT* count) {
-  if (count == nullptr) return E_POINTER;
-  *count = 0;
-  return S_OK;
-}
-
-HRESULT ControlSite::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
-  if (info != nullptr) *info = nullptr;
-  return DISP_E_BADINDEX;
-}
 
 HRESULT ControlSite::Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
                             UINT*) {

@@ -5,34 +5,27 @@
 
 #include <ocidl.h>
 #include <oleidl.h>
+#include <wrl/client.h>
 
-#include <atomic>
 #include <functional>
+
+#include "hosts/desktop/automation_object.h"
 
 namespace plotvane::desktop {
 
 // The site (IOleClientSite, IOleInPlaceSite, IOleControlSite), the frame (IOleInPlaceFrame) and the ambient
 // properties (IDispatch) of one control, all in one object, since the window holds exactly one control.
-// Reference counted; made with `new`, the first reference is the maker's.
-class ControlSite final : public IOleClientSite,
-                          public IOleInPlaceSite,
-                          public IOleInPlaceFrame,
-                          public IOleControlSite,
-                          public IDispatch {
+class ControlSite final
+    : public AutomationObject<IOleClientSite, IOleInPlaceSite, IOleInPlaceFrame, IOleControlSite> {
  public:
   // `window`: the parent of the control's window. `bounds`: asks for the rectangle that the control may fill, in
   // pixels of `window`.
   ControlSite(HWND window, std::function<RECT()> bounds) : mWindow(window), mBounds(std::move(bounds)) {}
 
   // The object that takes keys first while the control is active; may be null. Not counted for the caller.
-  [[nodiscard]] IOleInPlaceActiveObject* ActiveObject() const { return mActiveObject; }
+  [[nodiscard]] IOleInPlaceActiveObject* ActiveObject() const { return mActiveObject.Get(); }
   // Cuts the way back to the window; the control may keep the site a little longer.
   void Detach();
-
-  // IUnknown
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
-  STDMETHODIMP_(ULONG) AddRef() override { return ++mReferences; }
-  STDMETHODIMP_(ULONG) Release() override;
 
   // IOleClientSite: the control is never saved, moved or linked to.
   STDMETHODIMP SaveObject() override { return E_NOTIMPL; }
@@ -81,19 +74,16 @@ class ControlSite final : public IOleClientSite,
   STDMETHODIMP ShowPropertyFrame() override { return E_NOTIMPL; }
 
   // IDispatch: the ambient properties, read by number only.
-  STDMETHODIMP GetTypeInfoCount(UINT* count) override;
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** info) override;
-  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return DISP_E_UNKNOWNNAME; }
   STDMETHODIMP Invoke(DISPID member, REFIID iid, LCID locale, WORD flags, DISPPARAMS* arguments,
                       VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override;
 
  private:
-  ~ControlSite() = default;
+  ~ControlSite() override = default;
+  [[nodiscard]] void* Find(REFIID iid) override;
 
   HWND mWindow;
   std::function<RECT()> mBounds;
-  IOleInPlaceActiveObject* mActiveObject = nullptr;
-  std::atomic<ULONG> mReferences = 1;
+  Microsoft::WRL::ComPtr<IOleInPlaceActiveObject> mActiveObject;
 };
 
 }  // namespace plotvane::desktop

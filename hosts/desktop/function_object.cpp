@@ -17,34 +17,6 @@ constexpr std::array kNames{L"Equation", L"Enabled", L"DrawStyle", L"DrawColor",
 
 }  // namespace
 
-HRESULT FunctionObject::QueryInterface(REFIID iid, void** object) {
-  if (object == nullptr) return E_POINTER;
-  if (iid != IID_IUnknown && iid != IID_IDispatch) {
-    *object = nullptr;
-    return E_NOINTERFACE;
-  }
-  *object = static_cast<IDispatch*>(this);
-  AddRef();
-  return S_OK;
-}
-
-ULONG FunctionObject::Release() {
-  const ULONG left = --mReferences;
-  if (left == 0) delete this;
-  return left;
-}
-
-HRESULT FunctionObject::GetTypeInfoCount(UINT* count) {
-  if (count == nullptr) return E_POINTER;
-  *count = 0;
-  return S_OK;
-}
-
-HRESULT FunctionObject::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
-  if (info != nullptr) *info = nullptr;
-  return DISP_E_BADINDEX;
-}
-
 HRESULT FunctionObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* members) {
   if (names == nullptr || members == nullptr || count == 0) return E_INVALIDARG;
   for (UINT argument = 0; argument < count; ++argument) members[argument] = DISPID_UNKNOWN;

@@ -67,7 +67,7 @@ void FunctionPanel::ShowRow(std::size_t index) {
 
 void FunctionPanel::CheckAll() {
   for (std::size_t index = 0; index < kFunctionCount; ++index) CheckRow(index);
-  ShowFirstError();
+  ShowError();
 }
 
 void FunctionPanel::CheckRow(std::size_t index) {
@@ -77,12 +77,12 @@ void FunctionPanel::CheckRow(std::size_t index) {
   ::InvalidateRect(mRows[index].equation, nullptr, TRUE);
 }
 
-void FunctionPanel::ShowFirstError() {
+// That of the current row, otherwise the first that there is.
+void FunctionPanel::ShowError() {
+  std::size_t row = mCurrent;
+  for (std::size_t index = 0; index < kFunctionCount && mRows[row].error.empty(); ++index) row = index;
   std::wstring text;
-  for (std::size_t index = 0; index < kFunctionCount && text.empty(); ++index) {
-    if (mRows[index].error.empty()) continue;
-    text = L"Y" + std::to_wstring(index + 1) + L": " + ToWide(mRows[index].error);
-  }
+  if (!mRows[row].error.empty()) text = L"Y" + std::to_wstring(row + 1) + L": " + ToWide(mRows[row].error);
   ::SetWindowTextW(mError, text.c_str());
 }
 
@@ -109,6 +109,10 @@ int FunctionPanel::Layout(const RECT& place, Scale scale, HFONT font) {
 bool FunctionPanel::OnCommand(int id, int notification) {
   if (const std::size_t row = RowOf(id, kEquationId); row < kFunctionCount) {
     if (notification == EN_CHANGE && !mShowing) EditEquation(row);
+    if (notification == EN_SETFOCUS) {
+      mCurrent = row;
+      ShowError();
+    }
     return true;
   }
   if (const std::size_t row = RowOf(id, kEnabledId); row < kFunctionCount) {
@@ -126,7 +130,7 @@ void FunctionPanel::EditEquation(std::size_t index) {
   mDocument.Function(index)->Equation = ToUtf8(WindowText(mRows[index].equation));
   mDocument.Touch(index);
   CheckRow(index);
-  ShowFirstError();
+  ShowError();
   mOwner.edited();
 }
 

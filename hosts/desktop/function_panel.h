@@ -52,7 +52,7 @@ class FunctionPanel {
 
   void ShowRow(std::size_t index);
   void CheckRow(std::size_t index);
-  void ShowFirstError();
+  void ShowError();
   void EditEquation(std::size_t index);
   void EditEnabled(std::size_t index);
   void ChooseColour(std::size_t index);
@@ -61,6 +61,7 @@ class FunctionPanel {
   FunctionDocument& mDocument;
   Owner mOwner;
   std::array<Row, kFunctionCount> mRows;
+  std::size_t mCurrent = 0;  // the row that was worked on last
   HWND mError = nullptr;
   HBRUSH mErrorBrush;
   bool mShowing = false;  // set while the panel itself fills the boxes

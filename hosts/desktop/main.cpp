@@ -54,8 +54,11 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int show) {
   const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES};
   ::InitCommonControlsEx(&controls);
   try {
-    plotvane::desktop::MainWindow window(FileArgument());
+    const std::wstring file = FileArgument();
+    plotvane::desktop::MainWindow window;
+    if (file.empty()) window.ShowSamples();
     window.Show(show);
+    if (!file.empty()) window.Open(file);
     return RunMessageLoop(window);
   } catch (const std::exception& error) {
     ::MessageBoxW(nullptr, plotvane::desktop::ToWide(error.what()).c_str(), L"Plotvane", MB_OK | MB_ICONERROR);

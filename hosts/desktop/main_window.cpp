@@ -7,6 +7,7 @@
 #include "hosts/desktop/function_object.h"
 #include "hosts/desktop/picture.h"
 #include "hosts/desktop/prompt.h"
+#include "hosts/desktop/resource.h"
 #include "hosts/desktop/shared_table.h"
 #include "hosts/desktop/text.h"
 #include "hosts/desktop/variable_list.h"
@@ -21,7 +22,7 @@ constexpr const wchar_t* kClassName = L"PlotvaneHost";
 constexpr int kPanelWidth = 300;
 constexpr int kMargin = 8;
 constexpr SIZE kWindowSize{1000, 700};
-constexpr SIZE kSmallestWindow{560, 420};
+constexpr SIZE kSmallestWindow{560, 520};  // all boxes and a few lines of the lists
 
 int DpiOf(HWND window) {
   // Not there before Windows 10.
@@ -36,15 +37,23 @@ int DpiOf(HWND window) {
   return dpi;
 }
 
+// The program's icon in one of the system's sizes (SM_CXICON, SM_CXSMICON).
+HICON Icon(int size) {
+  const int pixels = ::GetSystemMetrics(size);
+  return static_cast<HICON>(::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_PLOTVANE), IMAGE_ICON, pixels,
+                                         pixels, LR_SHARED));
+}
+
 }  // namespace
 
-MainWindow::MainWindow(const std::wstring& file) {
+MainWindow::MainWindow() {
   WNDCLASSEXW kind{};
   kind.cbSize = sizeof kind;
   kind.lpfnWndProc = &Procedure;
   kind.hInstance = ::GetModuleHandleW(nullptr);
   kind.hCursor = ::LoadCursorW(nullptr, IDC_ARROW);
-  kind.hIcon = ::LoadIconW(kind.hInstance, MAKEINTRESOURCEW(1));
+  kind.hIcon = Icon(SM_CXICON);
+  kind.hIconSm = Icon(SM_CXSMICON);
   kind.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_BTNFACE + 1));
   kind.lpszClassName = kClassName;
   ::RegisterClassExW(&kind);
@@ -60,6 +69,7 @@ MainWindow::MainWindow(const std::wstring& file) {
       FunctionPanel::Owner{[this] { Plot(); }, [this](const std::string& equation) {
                              double left = 0;
                              mControl->Graph().get_Xmin(&left);
+                             mChecker->SetDegreeMode(Degrees());
                              return EquationError(*mChecker, equation, left);
                            }});
   mControl = std::make_unique<ControlHost>(mWindow, [this] { return ControlBounds(); }, [] {});
@@ -72,16 +82,12 @@ MainWindow::MainWindow(const std::wstring& file) {
   mCalculator = std::make_unique<Calculator>(shared);
   mChecker = std::make_unique<engine::clsExp>();
   mChecker->SetVarTable(shared);
-  mCalculations =
-      std::make_unique<CalculatorPanel>(mWindow, *mCalculator, [this] { VariablesMayHaveChanged(); });
+  mCalculations = std::make_unique<CalculatorPanel>(
+      mWindow, *mCalculator,
+      CalculatorPanel::Owner{[this] { mCalculator->Expression().SetDegreeMode(Degrees()); },
+                             [this] { VariablesMayHaveChanged(); }});
   MakeFont();
   OnSize();
-
-  if (file.empty()) {
-    mDocument.LoadSamples();
-  } else {
-    mDocument.Load(file);
-  }
   HandFunctionsOver();
   DocumentReplaced();
 }
@@ -104,6 +110,15 @@ MainWindow::~MainWindow() {
 void MainWindow::Show(int how) {
   ::ShowWindow(mWindow, how);
   ::UpdateWindow(mWindow);
+}
+
+void MainWindow::ShowSamples() {
+  mDocument.LoadSamples();
+  DocumentReplaced();
+}
+
+void MainWindow::Open(const std::filesystem::path& file) {
+  Run([&] { LoadDocument(file); });
 }
 
 bool MainWindow::TranslateMessage(MSG& message) {
@@ -174,7 +189,7 @@ void MainWindow::OnCommand(WPARAM wide) {
   const int id = LOWORD(wide);
   const int notification = HIWORD(wide);
   if (mFunctions->OnCommand(id, notification) || mCalculations->OnCommand(id, notification)) return;
-  Run(static_cast<Command>(id));
+  Run([&] { Perform(static_cast<Command>(id)); });
 }
 
 void MainWindow::OnMenuOpens() {
@@ -182,12 +197,11 @@ void MainWindow::OnMenuOpens() {
   const auto check = [menu](Command command, bool on) {
     ::CheckMenuItem(menu, static_cast<UINT>(command), on ? MF_CHECKED : MF_UNCHECKED);
   };
-  VARIANT_BOOL degrees = VARIANT_FALSE;
+  const bool degrees = Degrees();
   VARIANT_BOOL toolBar = VARIANT_FALSE;
-  mControl->Graph().get_DegreeMode(&degrees);
   mControl->Graph().get_ToolBarVisible(&toolBar);
-  check(Command::Degrees, degrees != VARIANT_FALSE);
-  check(Command::Radians, degrees == VARIANT_FALSE);
+  check(Command::Degrees, degrees);
+  check(Command::Radians, !degrees);
   check(Command::ToolBar, toolBar != VARIANT_FALSE);
   for (const Command mode :
        {Command::Decimal, Command::Fixed, Command::Octal, Command::Hexadecimal, Command::Binary}) {
@@ -200,9 +214,9 @@ void MainWindow::OnClose() {
   ::PostQuitMessage(0);
 }
 
-void MainWindow::Run(Command command) {
+void MainWindow::Run(const std::function<void()>& work) {
   try {
-    Perform(command);
+    work();
   } catch (const std::exception& error) {
     ShowError(error.what());
   }
@@ -239,16 +253,21 @@ void MainWindow::Perform(Command command) {
   }
 }
 
+// The control has the last word on the angle unit: its dialog changes it, too.
+bool MainWindow::Degrees() {
+  VARIANT_BOOL degrees = VARIANT_FALSE;
+  mControl->Graph().get_DegreeMode(&degrees);
+  return degrees != VARIANT_FALSE;
+}
+
 void MainWindow::SetDegrees(bool on) {
   VARIANT_BOOL value = on ? VARIANT_TRUE : VARIANT_FALSE;
   mControl->Graph().put_DegreeMode(&value);
-  mCalculator->Expression().SetDegreeMode(on);
-  mChecker->SetDegreeMode(on);
-  Plot();
+  PlotAfresh();
 }
 
 void MainWindow::SetNumberMode(Command command) {
-  if (command == Command::Fixed) AskFixedPlaces();
+  if (command == Command::Fixed && !AskFixedPlaces()) return;
   constexpr struct {
     Command command;
     const char* word;
@@ -263,14 +282,15 @@ void MainWindow::SetNumberMode(Command command) {
   mNumberMode = command;
 }
 
-void MainWindow::AskFixedPlaces() {
+// False when there is no new answer: the mode stays then.
+bool MainWindow::AskFixedPlaces() {
   engine::clsExp& expression = mCalculator->Expression();
   const std::wstring answer = Prompt(mWindow, L"Fixed", L"Decimal places (-100 to 127):",
                                      std::to_wstring(expression.GetFixedDecimalPlaces()));
-  if (answer.empty()) return;
-  if (!expression.SetFixedDecimalPlaces(platform::Value(ToUtf8(answer)))) {
-    ShowError("The decimal places are a number from -100 to 127.");
-  }
+  if (answer.empty()) return false;
+  if (expression.SetFixedDecimalPlaces(platform::Value(ToUtf8(answer)))) return true;
+  ShowError("The decimal places are a number from -100 to 127.");
+  return false;
 }
 
 void MainWindow::ToggleToolBar() {

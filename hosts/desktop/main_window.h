@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -13,19 +15,22 @@
 #include "hosts/desktop/function_document.h"
 #include "hosts/desktop/function_panel.h"
 #include "hosts/desktop/late_bound.h"
+#include "hosts/desktop/variable_file.h"
 
 namespace plotvane::desktop {
 
 class MainWindow {
  public:
-  // Makes the window with sample functions, or with those of the file named `file` when it is not empty. Throws
-  // platform::RunTimeError with a text for the user when the control cannot be made.
-  explicit MainWindow(const std::wstring& file);
+  // Throws platform::RunTimeError with a text for the user when the control cannot be made.
+  MainWindow();
   ~MainWindow();
   MainWindow(const MainWindow&) = delete;
   MainWindow& operator=(const MainWindow&) = delete;
 
   void Show(int how);
+  // Instead of no functions: samples, or those of a file. A file that cannot be opened is told.
+  void ShowSamples();
+  void Open(const std::filesystem::path& file);
 
   // Keys that belong to the window, the control or a menu; true when the message is done with.
   bool TranslateMessage(MSG& message);
@@ -39,18 +44,21 @@ class MainWindow {
   void OnMenuOpens();
   void OnClose();
 
-  void Run(Command command);
+  void Run(const std::function<void()>& work);
   void Perform(Command command);
   void NewDocument();
   void OpenDocument();
+  void LoadDocument(const std::filesystem::path& file);
   bool SaveDocument();
   bool SaveDocumentAs();
+  void SaveDocumentTo(const std::filesystem::path& file);
   void OpenVariables();
   bool SaveVariables();
   void SavePicture(bool png);
   void SetDegrees(bool on);
   void SetNumberMode(Command command);
-  void AskFixedPlaces();
+  bool AskFixedPlaces();
+  [[nodiscard]] bool Degrees();
   void ToggleToolBar();
 
   // True when nothing is lost: saved, not changed, or the user said so.
@@ -80,6 +88,7 @@ class MainWindow {
   std::unique_ptr<engine::clsExp> mChecker;  // checks equations, apart from the calculator's settings
   std::unique_ptr<FunctionPanel> mFunctions;
   std::unique_ptr<CalculatorPanel> mCalculations;
+  VariableFile mVariableFile;
   std::vector<std::string> mVariables;       // as listed last
   std::vector<std::string> mSavedVariables;  // as they stand in their file
   Command mNumberMode = Command::Decimal;

@@ -3,8 +3,6 @@
 
 #include <commdlg.h>
 
-#include <system_error>
-
 #include "hosts/desktop/picture.h"
 #include "hosts/desktop/text.h"
 
@@ -49,6 +47,17 @@ std::filesystem::path AskFile(HWND owner, FileDialog dialog, const FileKind& kin
   return name.c_str();
 }
 
+// `work` on a file; its failure names the file: "mine.pvf cannot be opened: Path not found".
+template <typename Work>
+void WithFile(const std::filesystem::path& file, const char* what, Work work) {
+  try {
+    work();
+  } catch (const platform::RunTimeError& error) {
+    throw platform::RunTimeError(error.Number(), ToUtf8(file.filename().wstring()) + " cannot be " + what + ": " +
+                                                     error.what());
+  }
+}
+
 enum class Answer { Save, Discard, Stay };
 
 Answer AskToSave(HWND owner, const std::wstring& question) {
@@ -91,34 +100,45 @@ void MainWindow::NewDocument() {
 void MainWindow::OpenDocument() {
   if (!MayLoseDocument()) return;
   const std::filesystem::path file = AskFile(mWindow, FileDialog::Open, kFunctions);
-  if (file.empty()) return;
-  mDocument.Load(file);
+  if (!file.empty()) LoadDocument(file);
+}
+
+void MainWindow::LoadDocument(const std::filesystem::path& file) {
+  WithFile(file, "opened", [&] { mDocument.Load(file); });
   DocumentReplaced();
 }
 
 bool MainWindow::SaveDocument() {
   if (mDocument.File().empty()) return SaveDocumentAs();
-  mDocument.Save(mDocument.File());
-  ShowTitle();
+  SaveDocumentTo(mDocument.File());
   return true;
 }
 
 bool MainWindow::SaveDocumentAs() {
   const std::filesystem::path file = AskFile(mWindow, FileDialog::Save, kFunctions);
   if (file.empty()) return false;
-  mDocument.Save(file);
-  ShowTitle();
+  SaveDocumentTo(file);
   return true;
 }
 
-// The file's variables join those that are there, replacing the ones of the same name.
+void MainWindow::SaveDocumentTo(const std::filesystem::path& file) {
+  WithFile(file, "saved", [&] { mDocument.Save(file); });
+  ShowTitle();
+}
+
+// The file's variables join those that are there, replacing the ones of the same name. It is read as a whole before the
+// table sees it, so that a damaged file changes nothing.
 void MainWindow::OpenVariables() {
+  if (!MayLoseVariables()) return;
   const std::filesystem::path file = AskFile(mWindow, FileDialog::Open, kVariables);
   if (file.empty()) return;
   const bool unchanged = mVariables == mSavedVariables;
-  OwnedVariant path;
-  PutValue(platform::Value(ToUtf8(file.wstring())), path.Get());
-  CallByName(*mTable.Get(), L"LoadTypeFromFile", DISPATCH_METHOD, {path.Get()}, nullptr);
+  WithFile(file, "opened", [&] {
+    mVariableFile.Read(file);
+    OwnedVariant path;
+    PutValue(platform::Value(ToUtf8(file.wstring())), path.Get());
+    CallByName(*mTable.Get(), L"LoadTypeFromFile", DISPATCH_METHOD, {path.Get()}, nullptr);
+  });
   VariablesMayHaveChanged();
   if (unchanged) mSavedVariables = mVariables;
 }
@@ -126,21 +146,15 @@ void MainWindow::OpenVariables() {
 bool MainWindow::SaveVariables() {
   const std::filesystem::path file = AskFile(mWindow, FileDialog::Save, kVariables);
   if (file.empty()) return false;
-  // Written beside the file and put in its place when whole, so that a full disk costs nothing.
-  std::filesystem::path beside = file;
-  beside += L".new";
-  OwnedVariant type;
-  PutValue(platform::Value(kVariableType), type.Get());
-  OwnedVariant path;
-  PutValue(platform::Value(ToUtf8(beside.wstring())), path.Get());
-  std::error_code status;
-  try {
-    CallByName(*mTable.Get(), L"SaveTypeToFile", DISPATCH_METHOD, {type.Get(), path.Get()}, nullptr);
-    std::filesystem::rename(beside, file);
-  } catch (...) {
-    std::filesystem::remove(beside, status);
-    throw;
-  }
+  WithFile(file, "saved", [&] {
+    mVariableFile.Save(file, [this](const std::string& newPath) {
+      OwnedVariant type;
+      PutValue(platform::Value(kVariableType), type.Get());
+      OwnedVariant path;
+      PutValue(platform::Value(newPath), path.Get());
+      CallByName(*mTable.Get(), L"SaveTypeToFile", DISPATCH_METHOD, {type.Get(), path.Get()}, nullptr);
+    });
+  });
   ShowVariables();
   mSavedVariables = mVariables;
   return true;
@@ -149,11 +163,7 @@ bool MainWindow::SaveVariables() {
 void MainWindow::SavePicture(bool png) {
   const std::filesystem::path file = AskFile(mWindow, FileDialog::Save, png ? kPng : kEmf);
   if (file.empty()) return;
-  if (png) {
-    SavePng(*mControl, ControlSize(), file);
-  } else {
-    SaveEmf(*mControl, ControlSize(), file);
-  }
+  WithFile(file, "saved", [&] { (png ? SavePng : SaveEmf)(*mControl, ControlSize(), file); });
 }
 
 }  // namespace plotvane::desktop

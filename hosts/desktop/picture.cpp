@@ -4,10 +4,11 @@
 #include <wincodec.h>
 
 #include <memory>
-#include <system_error>
 #include <type_traits>
 
+#include "platform/paths.h"
 #include "platform/runtime_error.h"
+#include "platform/safe_save.h"
 
 namespace plotvane::desktop {
 
@@ -80,22 +81,6 @@ OwnedMetafile DrawMetafile(ControlHost& control, SIZE pixels, const wchar_t* fil
   return metafile;
 }
 
-// What is written goes beside the file first and takes its place when it is whole.
-template <typename Write>
-void WriteBeside(const std::filesystem::path& file, Write write) {
-  std::filesystem::path beside = file;
-  beside += L".new";
-  std::error_code status;
-  try {
-    write(beside);
-    std::filesystem::rename(beside, file, status);
-    if (status) throw platform::RunTimeError(status.value(), "The file cannot be replaced: " + status.message());
-  } catch (...) {
-    std::filesystem::remove(beside, status);
-    throw;
-  }
-}
-
 void EncodePng(HBITMAP bitmap, SIZE pixels, const std::filesystem::path& file) {
   ComPtr<IWICImagingFactory> factory;
   Check(::CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
@@ -122,17 +107,43 @@ void EncodePng(HBITMAP bitmap, SIZE pixels, const std::filesystem::path& file) {
   Check(encoder->Commit(), "The file cannot be written.");
 }
 
-// The largest rectangle of the picture's proportions at the top of the page.
-RECT FitPage(HDC printer, SIZE pixels) {
-  const int width = ::GetDeviceCaps(printer, HORZRES);
-  const int height = ::GetDeviceCaps(printer, VERTRES);
-  RECT place{0, 0, width, ::MulDiv(width, static_cast<int>(pixels.cy), static_cast<int>(pixels.cx))};
-  if (place.bottom > height) {
-    place.right = ::MulDiv(height, static_cast<int>(pixels.cx), static_cast<int>(pixels.cy));
-    place.bottom = height;
-  }
-  return place;
+Page PageOf(HDC printer) {
+  const auto get = [printer](int what) { return ::GetDeviceCaps(printer, what); };
+  return {get(HORZRES),       get(VERTRES),        get(LOGPIXELSX),      get(LOGPIXELSY),
+          get(PHYSICALWIDTH), get(PHYSICALHEIGHT), get(PHYSICALOFFSETX), get(PHYSICALOFFSETY)};
 }
+
+// One document of a printer; thrown away unless it is finished.
+class PrintJob {
+ public:
+  PrintJob(HDC printer, const std::wstring& title) : mPrinter(printer) {
+    DOCINFOW document{};
+    document.cbSize = sizeof document;
+    document.lpszDocName = title.c_str();
+    Require(::StartDocW(printer, &document) > 0, "Printing cannot start.");
+    mOpen = true;
+  }
+  ~PrintJob() {
+    if (mOpen) ::AbortDoc(mPrinter);
+  }
+  PrintJob(const PrintJob&) = delete;
+  PrintJob& operator=(const PrintJob&) = delete;
+
+  template <typename Draw>
+  void AddPage(Draw draw) {
+    Require(::StartPage(mPrinter) > 0, "The page cannot be printed.");
+    draw();
+    Require(::EndPage(mPrinter) > 0, "The page cannot be printed.");
+  }
+  void Finish() {
+    Require(::EndDoc(mPrinter) > 0, "Printing cannot be finished.");
+    mOpen = false;
+  }
+
+ private:
+  HDC mPrinter;
+  bool mOpen = false;
+};
 
 }  // namespace
 
@@ -149,13 +160,21 @@ void CopyPicture(HWND owner, ControlHost& control, SIZE pixels) {
 
 void SavePng(ControlHost& control, SIZE pixels, const std::filesystem::path& file) {
   const OwnedBitmap bitmap = DrawBitmap(control, pixels);
-  WriteBeside(file, [&](const std::filesystem::path& beside) { EncodePng(bitmap.get(), pixels, beside); });
+  platform::SaveSafely(platform::TextFromPath(file), [&](const std::string& newPath) {
+    EncodePng(bitmap.get(), pixels, platform::PathFromText(newPath));
+  });
 }
 
 void SaveEmf(ControlHost& control, SIZE pixels, const std::filesystem::path& file) {
-  WriteBeside(file, [&](const std::filesystem::path& beside) {
-    static_cast<void>(DrawMetafile(control, pixels, beside.c_str()));
+  platform::SaveSafely(platform::TextFromPath(file), [&](const std::string& newPath) {
+    static_cast<void>(DrawMetafile(control, pixels, platform::PathFromText(newPath).c_str()));
   });
+}
+
+void DrawPage(HDC device, const Page& page, ControlHost& control, SIZE pixels) {
+  const PagePlace place = FitPage(page, static_cast<int>(pixels.cx), static_cast<int>(pixels.cy));
+  Check(control.Draw(device, {place.left, place.top, place.right, place.bottom}),
+        "The control could not draw its picture.");
 }
 
 void PrintPicture(HWND owner, ControlHost& control, SIZE pixels, const std::wstring& title) {
@@ -170,14 +189,9 @@ void PrintPicture(HWND owner, ControlHost& control, SIZE pixels, const std::wstr
   ::GlobalFree(dialog.hDevMode);
   ::GlobalFree(dialog.hDevNames);
   const OwnedDevice printer(dialog.hDC);
-  DOCINFOW document{};
-  document.cbSize = sizeof document;
-  document.lpszDocName = title.c_str();
-  Require(::StartDocW(printer.get(), &document) > 0 && ::StartPage(printer.get()) > 0, "Printing cannot start.");
-  const HRESULT drawn = control.Draw(printer.get(), FitPage(printer.get(), pixels));
-  ::EndPage(printer.get());
-  ::EndDoc(printer.get());
-  Check(drawn, "The control could not draw its picture.");
+  PrintJob job(printer.get(), title);
+  job.AddPage([&] { DrawPage(printer.get(), PageOf(printer.get()), control, pixels); });
+  job.Finish();
 }
 
 }  // namespace plotvane::desktop

@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "hosts/desktop/control_host.h"
+#include "hosts/desktop/page_layout.h"
 
 namespace plotvane::desktop {
 
@@ -15,7 +16,9 @@ namespace plotvane::desktop {
 void CopyPicture(HWND owner, ControlHost& control, SIZE pixels);
 void SavePng(ControlHost& control, SIZE pixels, const std::filesystem::path& file);
 void SaveEmf(ControlHost& control, SIZE pixels, const std::filesystem::path& file);
-// Asks for the printer; on one page, as wide as it allows. Does nothing when the user cancels.
+// Asks for the printer and prints one page. Does nothing when the user cancels.
 void PrintPicture(HWND owner, ControlHost& control, SIZE pixels, const std::wstring& title);
+// That page, on any device that has its dots: where FitPage puts the picture.
+void DrawPage(HDC device, const Page& page, ControlHost& control, SIZE pixels);
 
 }  // namespace plotvane::desktop
