@@ -52,8 +52,8 @@ ComPtr<IUnknown> CreateControl() {
   if (SUCCEEDED(status)) return control;
   throw platform::RunTimeError(
       status,
-      "The graph control cannot be made. Put Plotvane.ocx and its manifest beside this program, or register it "
-      "once with: regsvr32 Plotvane.ocx");
+      "The graph control cannot be made. Put Plotvane.ocx and Plotvane.manifest beside this program, or register the "
+      "control once: regsvr32 Plotvane.ocx");
 }
 
 void Check(HRESULT status, const char* what) {
@@ -101,12 +101,17 @@ void ControlHost::Resize() {
   place->SetObjectRects(&bounds, &bounds);
 }
 
+HWND ControlHost::ControlWindow() {
+  HWND window = nullptr;
+  ComPtr<IOleInPlaceObject> place;
+  if (SUCCEEDED(mObject.As(&place))) place->GetWindow(&window);
+  return window;
+}
+
 bool ControlHost::TranslateKey(MSG& message) {
   if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
   const HWND focus = ::GetFocus();
-  HWND inside = nullptr;
-  ComPtr<IOleInPlaceObject> place;
-  if (SUCCEEDED(mObject.As(&place))) place->GetWindow(&inside);
+  const HWND inside = ControlWindow();
   if (inside != nullptr && (focus == inside || ::IsChild(inside, focus) != FALSE)) {
     const ComPtr<IOleInPlaceActiveObject> active = mSite->ActiveObject();
     if (active && active->TranslateAccelerator(&message) == S_OK) return true;
@@ -126,13 +131,61 @@ bool ControlHost::TranslateMnemonic(MSG& message) {
   return SUCCEEDED(control->OnMnemonic(&message));
 }
 
-HRESULT ControlHost::Draw(HDC device, const RECT& place) {
+SIZE ControlHost::GraphSize() {
+  SIZE size{};
+  mGraph->GetGraphWidth(&size.cx);
+  mGraph->GetGraphHeight(&size.cy);
+  return size;
+}
+
+// Where the graph lies in the control's window: the control tells its size, and one window in it has that.
+RECT ControlHost::GraphBounds() {
+  struct Search {
+    SIZE size;
+    HWND found = nullptr;
+  } search{GraphSize()};
+  const HWND window = ControlWindow();
+  ::EnumChildWindows(
+      window,
+      [](HWND child, LPARAM longer) -> BOOL {
+        auto& wanted = *reinterpret_cast<Search*>(longer);
+        RECT client;
+        ::GetClientRect(child, &client);
+        if (client.right == wanted.size.cx && client.bottom == wanted.size.cy) wanted.found = child;
+        return wanted.found == nullptr ? TRUE : FALSE;
+      },
+      reinterpret_cast<LPARAM>(&search));
+  RECT bounds;
+  ::GetClientRect(search.found != nullptr ? search.found : window, &bounds);
+  if (search.found != nullptr) ::MapWindowPoints(search.found, window, reinterpret_cast<POINT*>(&bounds), 2);
+  return bounds;
+}
+
+// The view interface draws the whole control: into a place so much larger that the graph fills the wanted one, with
+// what is around it clipped away.
+HRESULT ControlHost::DrawGraph(HDC device, const RECT& place) {
   ComPtr<IViewObject> view;
   if (const HRESULT status = mObject.As(&view); FAILED(status)) return status;
-  const RECTL bounds{place.left, place.top, place.right, place.bottom};
+  const RECT graph = GraphBounds();
+  RECT control;
+  ::GetClientRect(ControlWindow(), &control);
+  const auto across = [&](LONG x) {
+    return place.left + ::MulDiv(static_cast<int>(x - graph.left), static_cast<int>(place.right - place.left),
+                                 static_cast<int>(graph.right - graph.left));
+  };
+  const auto down = [&](LONG y) {
+    return place.top + ::MulDiv(static_cast<int>(y - graph.top), static_cast<int>(place.bottom - place.top),
+                                static_cast<int>(graph.bottom - graph.top));
+  };
+  const RECTL bounds{across(0), down(0), across(control.right), down(control.bottom)};
   const bool metafile = ::GetObjectType(device) == OBJ_ENHMETADC;
-  return view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, device, &bounds,
-                    metafile ? &bounds : nullptr, nullptr, 0);
+  const int state = ::SaveDC(device);
+  ::IntersectClipRect(device, static_cast<int>(place.left), static_cast<int>(place.top), static_cast<int>(place.right),
+                      static_cast<int>(place.bottom));
+  const HRESULT status = view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, device, &bounds,
+                                    metafile ? &bounds : nullptr, nullptr, 0);
+  ::RestoreDC(device, state);
+  return status;
 }
 
 }  // namespace plotvane::desktop

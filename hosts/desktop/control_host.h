@@ -32,12 +32,17 @@ class ControlHost {
   // the control took it.
   bool TranslateKey(MSG& message);
 
-  // Draws the control's picture into any device context, within `place` (its logical units).
-  [[nodiscard]] HRESULT Draw(HDC device, const RECT& place);
+  // Of the graph alone, in pixels.
+  [[nodiscard]] SIZE GraphSize();
+  // Draws the graph, without the toolbar and the status boxes around it, into any device context so that it fills
+  // `place` (in the context's logical units).
+  [[nodiscard]] HRESULT DrawGraph(HDC device, const RECT& place);
 
  private:
   void Connect(std::function<void()> plotDone);
   bool TranslateMnemonic(MSG& message);
+  [[nodiscard]] HWND ControlWindow();
+  [[nodiscard]] RECT GraphBounds();
 
   HWND mWindow;
   std::function<RECT()> mBounds;

@@ -149,6 +149,8 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wide, LPARAM longer) {
     case WM_SIZE: OnSize(); return 0;
     case WM_COMMAND: OnCommand(wide); return 0;
     case WM_INITMENUPOPUP: OnMenuOpens(); return 0;
+    case WM_NEXTDLGCTL: OnNextControl(wide, LOWORD(longer) != 0); return 0;
+    case WM_ACTIVATE: OnActivate(LOWORD(wide) != WA_INACTIVE); return 0;
     case WM_CLOSE: OnClose(); return 0;
     case WM_QUERYENDSESSION: return MayLoseDocument() && MayLoseVariables() ? TRUE : FALSE;
     case WM_DPICHANGED: OnDpiChanged(HIWORD(wide), *reinterpret_cast<const RECT*>(longer)); return 0;
@@ -183,6 +185,22 @@ void MainWindow::OnDpiChanged(int dpi, const RECT& suggested) {
   MakeFont();
   ::SetWindowPos(mWindow, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
                  suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// The keyboard goes back to where it was, at first to Y1.
+void MainWindow::OnActivate(bool active) {
+  const HWND focus = ::GetFocus();
+  if (!active) {
+    if (::IsChild(mWindow, focus) != FALSE) mFocus = focus;
+    return;
+  }
+  if (::IsIconic(mWindow) != FALSE) return;
+  ::SetFocus(::IsChild(mWindow, mFocus) != FALSE ? mFocus : ::GetNextDlgTabItem(mWindow, nullptr, FALSE));
+}
+
+// What IsDialogMessage asks of a dialog when it follows a label's mnemonic: a certain control, or the next or previous one.
+void MainWindow::OnNextControl(WPARAM wide, bool certain) {
+  ::SetFocus(certain ? reinterpret_cast<HWND>(wide) : ::GetNextDlgTabItem(mWindow, ::GetFocus(), wide != 0));
 }
 
 void MainWindow::OnCommand(WPARAM wide) {
@@ -231,9 +249,9 @@ void MainWindow::Perform(Command command) {
     case Command::SaveAs: static_cast<void>(SaveDocumentAs()); break;
     case Command::OpenVariables: OpenVariables(); break;
     case Command::SaveVariables: static_cast<void>(SaveVariables()); break;
-    case Command::Print: PrintPicture(mWindow, *mControl, ControlSize(), WindowText(mWindow)); break;
+    case Command::Print: PrintPicture(mWindow, *mControl, WindowText(mWindow)); break;
     case Command::Exit: ::PostMessageW(mWindow, WM_CLOSE, 0, 0); break;
-    case Command::CopyPicture: CopyPicture(mWindow, *mControl, ControlSize()); break;
+    case Command::CopyPicture: CopyPicture(mWindow, *mControl); break;
     case Command::SavePng: SavePicture(true); break;
     case Command::SaveEmf: SavePicture(false); break;
     case Command::Plot: PlotAfresh(); break;
@@ -369,11 +387,6 @@ RECT MainWindow::ControlBounds() const {
   ::GetClientRect(mWindow, &client);
   const LONG left = mScale(kPanelWidth);
   return {left, 0, client.right > left ? client.right : left, client.bottom};
-}
-
-SIZE MainWindow::ControlSize() const {
-  const RECT bounds = ControlBounds();
-  return {bounds.right - bounds.left, bounds.bottom - bounds.top};
 }
 
 }  // namespace plotvane::desktop

@@ -42,6 +42,8 @@ class MainWindow {
   void OnDpiChanged(int dpi, const RECT& suggested);
   void OnCommand(WPARAM wide);
   void OnMenuOpens();
+  void OnActivate(bool active);
+  void OnNextControl(WPARAM wide, bool certain);
   void OnClose();
 
   void Run(const std::function<void()>& work);
@@ -75,12 +77,12 @@ class MainWindow {
   void MakeFont();
   void ShowError(const std::string& text);
   [[nodiscard]] RECT ControlBounds() const;
-  [[nodiscard]] SIZE ControlSize() const;
 
   HWND mWindow = nullptr;
   HACCEL mAccelerators = nullptr;
   HFONT mFont = nullptr;
   Scale mScale;
+  HWND mFocus = nullptr;  // what had the keyboard when the window was last left
   FunctionDocument mDocument;
   std::unique_ptr<ControlHost> mControl;
   ComPtr<IDispatch> mTable;

@@ -163,7 +163,7 @@ bool MainWindow::SaveVariables() {
 void MainWindow::SavePicture(bool png) {
   const std::filesystem::path file = AskFile(mWindow, FileDialog::Save, png ? kPng : kEmf);
   if (file.empty()) return;
-  WithFile(file, "saved", [&] { (png ? SavePng : SaveEmf)(*mControl, ControlSize(), file); });
+  WithFile(file, "saved", [&] { (png ? SavePng : SaveEmf)(*mControl, file); });
 }
 
 }  // namespace plotvane::desktop

@@ -22,6 +22,9 @@ struct CloseDevice {
 struct CloseObject {
   void operator()(void* object) const { ::DeleteObject(object); }
 };
+struct FreeMemory {
+  void operator()(HGLOBAL memory) const { ::GlobalFree(memory); }
+};
 struct CloseMetafile {
   void operator()(HENHMETAFILE metafile) const { ::DeleteEnhMetaFile(metafile); }
 };
@@ -29,6 +32,7 @@ template <typename Handle, typename Close>
 using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, Close>;
 using OwnedDevice = Owned<HDC, CloseDevice>;
 using OwnedBitmap = Owned<HBITMAP, CloseObject>;
+using OwnedMemory = Owned<HGLOBAL, FreeMemory>;
 using OwnedMetafile = Owned<HENHMETAFILE, CloseMetafile>;
 
 void Check(HRESULT status, const char* what) {
@@ -40,7 +44,8 @@ void Require(bool fine, const char* what) {
 }
 
 // The picture in a bitmap of 32 bits a pixel, top row first.
-OwnedBitmap DrawBitmap(ControlHost& control, SIZE pixels) {
+OwnedBitmap DrawBitmap(ControlHost& control) {
+  const SIZE pixels = control.GraphSize();
   BITMAPINFO info{};
   info.bmiHeader.biSize = sizeof info.bmiHeader;
   info.bmiHeader.biWidth = pixels.cx;
@@ -55,15 +60,39 @@ OwnedBitmap DrawBitmap(ControlHost& control, SIZE pixels) {
   const HGDIOBJ before = ::SelectObject(device.get(), bitmap.get());
   const RECT place{0, 0, pixels.cx, pixels.cy};
   ::FillRect(device.get(), &place, ::GetSysColorBrush(COLOR_WINDOW));
-  const HRESULT drawn = control.Draw(device.get(), place);
+  const HRESULT drawn = control.DrawGraph(device.get(), place);
   ::GdiFlush();
   ::SelectObject(device.get(), before);
   Check(drawn, "The control could not draw its picture.");
   return bitmap;
 }
 
+// The same as programs take it from the clipboard: a header, then rows of 32 bits a pixel from the bottom.
+OwnedMemory DrawPackedBitmap(ControlHost& control) {
+  const SIZE pixels = control.GraphSize();
+  const OwnedBitmap bitmap = DrawBitmap(control);
+  const auto bytes = static_cast<std::size_t>(pixels.cx) * static_cast<std::size_t>(pixels.cy) * sizeof(DWORD);
+  OwnedMemory memory(::GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, sizeof(BITMAPINFOHEADER) + bytes));
+  Require(memory != nullptr, "There is not enough memory for the picture.");
+  auto* const header = static_cast<BITMAPINFOHEADER*>(::GlobalLock(memory.get()));
+  header->biSize = sizeof *header;
+  header->biWidth = pixels.cx;
+  header->biHeight = pixels.cy;
+  header->biPlanes = 1;
+  header->biBitCount = 32;
+  header->biCompression = BI_RGB;
+  const HDC screen = ::GetDC(nullptr);
+  const int rows = ::GetDIBits(screen, bitmap.get(), 0, static_cast<UINT>(pixels.cy), header + 1,
+                               reinterpret_cast<BITMAPINFO*>(header), DIB_RGB_COLORS);
+  ::ReleaseDC(nullptr, screen);
+  ::GlobalUnlock(memory.get());
+  Require(rows == pixels.cy, "There is not enough memory for the picture.");
+  return memory;
+}
+
 // The picture as vectors; to a file when `file` is not null.
-OwnedMetafile DrawMetafile(ControlHost& control, SIZE pixels, const wchar_t* file) {
+OwnedMetafile DrawMetafile(ControlHost& control, const wchar_t* file) {
+  const SIZE pixels = control.GraphSize();
   const HDC screen = ::GetDC(nullptr);
   // The frame of a metafile is in 1/100 mm.
   const RECT frame{0, 0,
@@ -74,7 +103,7 @@ OwnedMetafile DrawMetafile(ControlHost& control, SIZE pixels, const wchar_t* fil
   const HDC device = ::CreateEnhMetaFileW(screen, file, &frame, L"Plotvane\0Graph\0");
   ::ReleaseDC(nullptr, screen);
   Require(device != nullptr, "The metafile cannot be made.");
-  const HRESULT drawn = control.Draw(device, {0, 0, pixels.cx, pixels.cy});
+  const HRESULT drawn = control.DrawGraph(device, {0, 0, pixels.cx, pixels.cy});
   OwnedMetafile metafile(::CloseEnhMetaFile(device));
   Check(drawn, "The control could not draw its picture.");
   Require(metafile != nullptr, "The metafile cannot be written.");
@@ -147,37 +176,38 @@ class PrintJob {
 
 }  // namespace
 
-void CopyPicture(HWND owner, ControlHost& control, SIZE pixels) {
-  OwnedBitmap bitmap = DrawBitmap(control, pixels);
-  OwnedMetafile metafile = DrawMetafile(control, pixels, nullptr);
+void CopyPicture(HWND owner, ControlHost& control) {
+  OwnedMemory bitmap = DrawPackedBitmap(control);
+  OwnedMetafile metafile = DrawMetafile(control, nullptr);
   Require(::OpenClipboard(owner) != FALSE, "The clipboard is in use by another program.");
   ::EmptyClipboard();
   // From here on the clipboard owns what it took.
   if (::SetClipboardData(CF_ENHMETAFILE, metafile.get()) != nullptr) static_cast<void>(metafile.release());
-  if (::SetClipboardData(CF_BITMAP, bitmap.get()) != nullptr) static_cast<void>(bitmap.release());
+  if (::SetClipboardData(CF_DIB, bitmap.get()) != nullptr) static_cast<void>(bitmap.release());
   ::CloseClipboard();
 }
 
-void SavePng(ControlHost& control, SIZE pixels, const std::filesystem::path& file) {
-  const OwnedBitmap bitmap = DrawBitmap(control, pixels);
+void SavePng(ControlHost& control, const std::filesystem::path& file) {
+  const OwnedBitmap bitmap = DrawBitmap(control);
   platform::SaveSafely(platform::TextFromPath(file), [&](const std::string& newPath) {
-    EncodePng(bitmap.get(), pixels, platform::PathFromText(newPath));
+    EncodePng(bitmap.get(), control.GraphSize(), platform::PathFromText(newPath));
   });
 }
 
-void SaveEmf(ControlHost& control, SIZE pixels, const std::filesystem::path& file) {
+void SaveEmf(ControlHost& control, const std::filesystem::path& file) {
   platform::SaveSafely(platform::TextFromPath(file), [&](const std::string& newPath) {
-    static_cast<void>(DrawMetafile(control, pixels, platform::PathFromText(newPath).c_str()));
+    static_cast<void>(DrawMetafile(control, platform::PathFromText(newPath).c_str()));
   });
 }
 
-void DrawPage(HDC device, const Page& page, ControlHost& control, SIZE pixels) {
+void DrawPage(HDC device, const Page& page, ControlHost& control) {
+  const SIZE pixels = control.GraphSize();
   const PagePlace place = FitPage(page, static_cast<int>(pixels.cx), static_cast<int>(pixels.cy));
-  Check(control.Draw(device, {place.left, place.top, place.right, place.bottom}),
+  Check(control.DrawGraph(device, {place.left, place.top, place.right, place.bottom}),
         "The control could not draw its picture.");
 }
 
-void PrintPicture(HWND owner, ControlHost& control, SIZE pixels, const std::wstring& title) {
+void PrintPicture(HWND owner, ControlHost& control, const std::wstring& title) {
   PRINTDLGW dialog{};
   dialog.lStructSize = sizeof dialog;
   dialog.hwndOwner = owner;
@@ -190,7 +220,7 @@ void PrintPicture(HWND owner, ControlHost& control, SIZE pixels, const std::wstr
   ::GlobalFree(dialog.hDevNames);
   const OwnedDevice printer(dialog.hDC);
   PrintJob job(printer.get(), title);
-  job.AddPage([&] { DrawPage(printer.get(), PageOf(printer.get()), control, pixels); });
+  job.AddPage([&] { DrawPage(printer.get(), PageOf(printer.get()), control); });
   job.Finish();
 }
 

@@ -9,6 +9,7 @@ namespace plotvane::desktop_test {
 namespace {
 
 // The identifiers that the host gives its boxes.
+constexpr int kColourId = 1100;
 constexpr int kEquationId = 1200;
 constexpr int kErrorId = 1300;
 constexpr int kCalculatorId = 1401;
@@ -106,28 +107,59 @@ int Picture::Count(COLORREF colour) const {
   return static_cast<int>(std::ranges::count(pixels, wanted));
 }
 
-DesktopDriver::DesktopDriver(const std::wstring& program, const std::wstring& arguments) {
+std::wstring DialogText(HWND dialog) {
+  std::wstring text;
+  for (HWND child = ::GetWindow(dialog, GW_CHILD); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT)) {
+    wchar_t kind[64];
+    ::GetClassNameW(child, kind, 64);
+    const std::wstring label = ::lstrcmpiW(kind, L"Static") == 0 ? TextOf(child) : L"";
+    if (!label.empty()) text += (text.empty() ? L"" : L"\n") + label;
+  }
+  return text;
+}
+
+void PressButton(HWND dialog, int id) {
+  ::PostMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(id),
+                 reinterpret_cast<LPARAM>(::GetDlgItem(dialog, id)));
+  WaitUntil([dialog] { return ::IsWindow(dialog) == FALSE; });
+}
+
+RunningProgram::RunningProgram(const std::wstring& program, const std::wstring& arguments) {
   std::wstring command = L"\"" + program + L"\" " + arguments;
   STARTUPINFOW start{};
   start.cb = sizeof start;
   if (::CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &mProcess) ==
       FALSE) {
-    throw std::runtime_error("the desktop host does not start");
+    throw std::runtime_error("the program does not start");
   }
-  WaitUntil([this] { return (mWindow = FindTopWindow(mProcess.dwProcessId, L"PlotvaneHost")) != nullptr; },
-            std::chrono::seconds(60));
-  if (mWindow == nullptr) {
-    ::TerminateProcess(mProcess.hProcess, 1);
-    throw std::runtime_error("the desktop host shows no window");
-  }
-  Activate();
 }
 
-DesktopDriver::~DesktopDriver() {
+RunningProgram::~RunningProgram() {
   ::TerminateProcess(mProcess.hProcess, 1);
   ::WaitForSingleObject(mProcess.hProcess, 5000);
   ::CloseHandle(mProcess.hThread);
   ::CloseHandle(mProcess.hProcess);
+}
+
+HWND RunningProgram::FindWindow(const wchar_t* kind) const { return FindTopWindow(mProcess.dwProcessId, kind); }
+
+HWND RunningProgram::OpenedDialog() const {
+  if (!WaitUntil([this] { return Dialog() != nullptr; })) throw std::runtime_error("no dialog opened");
+  return Dialog();
+}
+
+int RunningProgram::Status() const {
+  DWORD status = 0;
+  if (::WaitForSingleObject(mProcess.hProcess, 20000) != WAIT_OBJECT_0) return -1;
+  ::GetExitCodeProcess(mProcess.hProcess, &status);
+  return static_cast<int>(status);
+}
+
+DesktopDriver::DesktopDriver(const std::wstring& program, const std::wstring& arguments)
+    : RunningProgram(program, arguments) {
+  WaitUntil([this] { return (mWindow = FindWindow(L"PlotvaneHost")) != nullptr; }, std::chrono::seconds(60));
+  if (mWindow == nullptr) throw std::runtime_error("the desktop host shows no window");
+  Activate();
 }
 
 void DesktopDriver::Activate() {
@@ -137,10 +169,51 @@ void DesktopDriver::Activate() {
 
 std::wstring DesktopDriver::Title() const { return TextOf(mWindow); }
 HWND DesktopDriver::Equation(int n) const { return ::GetDlgItem(mWindow, kEquationId + n - 1); }
+HWND DesktopDriver::Colour(int n) const { return ::GetDlgItem(mWindow, kColourId + n - 1); }
+HWND DesktopDriver::HistoryList() const { return ::GetDlgItem(mWindow, kHistoryId); }
 HWND DesktopDriver::Calculator() const { return ::GetDlgItem(mWindow, kCalculatorId); }
 std::wstring DesktopDriver::ErrorText() const { return TextOf(::GetDlgItem(mWindow, kErrorId)); }
 std::vector<std::wstring> DesktopDriver::History() const { return LinesOf(::GetDlgItem(mWindow, kHistoryId)); }
 std::vector<std::wstring> DesktopDriver::Variables() const { return LinesOf(::GetDlgItem(mWindow, kVariablesId)); }
+
+HWND DesktopDriver::Focus() const {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  ::GetGUIThreadInfo(::GetWindowThreadProcessId(mWindow, nullptr), &info);
+  return info.hwndFocus;
+}
+
+// The one child that the host did not make itself, and so without one of its numbers.
+HWND DesktopDriver::Control() const {
+  for (HWND child = ::GetWindow(mWindow, GW_CHILD); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT)) {
+    if (::GetDlgCtrlID(child) < 1000) return child;
+  }
+  return nullptr;
+}
+
+std::wstring DesktopDriver::Calculate(const std::wstring& line) {
+  const std::size_t before = History().size();
+  Type(Calculator(), line);
+  Press(VK_RETURN);
+  if (!WaitUntil([&] { return History().size() == before + 1; })) throw std::runtime_error("no answer");
+  return History().back();
+}
+
+void DesktopDriver::Choose(wchar_t menu, wchar_t command) {
+  Activate();
+  Press(static_cast<WORD>(menu), {VK_MENU});
+  // The host is in the loop of its menu before it takes the second key.
+  const DWORD thread = ::GetWindowThreadProcessId(mWindow, nullptr);
+  WaitUntil([thread] {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    ::GetGUIThreadInfo(thread, &info);
+    return (info.flags & GUI_INMENUMODE) != 0;
+  });
+  WaitUntil([this] { return FindWindow(L"#32768") != nullptr; });
+  Press(static_cast<WORD>(command));
+  WaitUntil([this] { return FindWindow(L"#32768") == nullptr; });
+}
 
 void DesktopDriver::Type(HWND box, const std::wstring& text) {
   Click(box);
@@ -159,17 +232,8 @@ void DesktopDriver::Press(WORD key, const std::vector<WORD>& held) {
   for (const WORD modifier : held) SendKey(modifier, false);
 }
 
-HWND DesktopDriver::Dialog() const { return FindTopWindow(mProcess.dwProcessId, L"#32770"); }
-
-void DesktopDriver::PressButton(HWND dialog, int id) {
-  ::PostMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(id),
-                 reinterpret_cast<LPARAM>(::GetDlgItem(dialog, id)));
-  WaitUntil([dialog] { return ::IsWindow(dialog) == FALSE; });
-}
-
-void DesktopDriver::AnswerFileDialog(const std::wstring& path) {
-  if (!WaitUntil([this] { return Dialog() != nullptr; })) throw std::runtime_error("no file dialog opened");
-  const HWND dialog = Dialog();
+HWND DesktopDriver::NameFile(const std::filesystem::path& path) {
+  const HWND dialog = OpenedDialog();
   constexpr int kNameBox = 0x480;    // edt1
   constexpr int kNameList = 0x47C;   // cmb13, which holds the name in newer dialogs
   HWND name = nullptr;
@@ -179,18 +243,20 @@ void DesktopDriver::AnswerFileDialog(const std::wstring& path) {
     return name != nullptr;
   });
   ::SendMessageW(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
-  PressButton(dialog, IDOK);
+  ::PostMessageW(dialog, WM_COMMAND, IDOK, reinterpret_cast<LPARAM>(::GetDlgItem(dialog, IDOK)));
+  return dialog;
 }
 
-// The control is the one child of the host that the host did not make itself: whatever lies at the middle of the
-// right part of the window.
+void DesktopDriver::AnswerFileDialog(const std::filesystem::path& path) {
+  const HWND dialog = NameFile(path);
+  WaitUntil([dialog] { return ::IsWindow(dialog) == FALSE; });
+}
+
 Picture DesktopDriver::CaptureGraph() const {
   const HDC screen = ::GetDC(nullptr);
   RECT place;
-  ::GetClientRect(mWindow, &place);
-  place.left = 300 * static_cast<LONG>(::GetDeviceCaps(screen, LOGPIXELSX)) / 96;
-  POINT corner{place.left, place.top};
-  ::ClientToScreen(mWindow, &corner);
+  ::GetWindowRect(Control(), &place);
+  const POINT corner{place.left, place.top};
   Picture picture;
   picture.width = static_cast<int>(place.right - place.left);
   picture.height = static_cast<int>(place.bottom - place.top);
@@ -230,7 +296,7 @@ Picture DesktopDriver::Graph() {
 
 bool DesktopDriver::Close() {
   ::PostMessageW(mWindow, WM_CLOSE, 0, 0);
-  return ::WaitForSingleObject(mProcess.hProcess, 10000) == WAIT_OBJECT_0;
+  return Status() == 0;
 }
 
 }  // namespace plotvane::desktop_test

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -10,8 +11,14 @@
 #include "hosts/desktop/calculator.h"
 #include "hosts/desktop/formula_check.h"
 #include "hosts/desktop/function_document.h"
+#include "hosts/desktop/page_layout.h"
+#include "hosts/desktop/variable_file.h"
 #include "identifiers/clsVarTable.h"
 #include "platform/runtime_error.h"
+
+#ifndef _WIN32
+#include <sys/resource.h>
+#endif
 
 namespace plotvane::desktop {
 namespace {
@@ -101,6 +108,105 @@ TEST_F(FunctionFile, survives_a_save_that_fails) {
   FunctionDocument document;
   EXPECT_THROW(document.Save(mFolder / "no such folder" / "a.pvf"), RunTimeError);
   EXPECT_TRUE(document.File().empty());
+}
+
+#ifndef _WIN32
+// While it lives no file of this process may grow beyond some bytes.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) : mHandler(std::signal(SIGXFSZ, SIG_IGN)) {
+    ::getrlimit(RLIMIT_FSIZE, &mBefore);
+    const rlimit small{bytes, mBefore.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &small);
+  }
+  ~FullDisk() {
+    ::setrlimit(RLIMIT_FSIZE, &mBefore);
+    std::signal(SIGXFSZ, mHandler);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  rlimit mBefore{};
+  void (*mHandler)(int);
+};
+
+TEST_F(FunctionFile, survives_a_disk_that_becomes_full_while_it_is_saved) {
+  const std::filesystem::path file = Write("\"x\",#TRUE#,1,0\r\n");
+  FunctionDocument document;
+  document.Load(file);
+  document.Function(0)->Equation = std::string(10000, '1');
+  document.Touch(0);
+  {
+    const FullDisk full(4096);
+    EXPECT_THROW(document.Save(file), RunTimeError);
+  }
+  EXPECT_TRUE(document.Changed());
+  EXPECT_EQ(Read(file), "\"x\",#TRUE#,1,0\r\n");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(mFolder), {}), 1);
+  document.Save(file);
+  EXPECT_FALSE(document.Changed());
+}
+
+TEST_F(FunctionFile, of_variables_survives_a_full_disk) {
+  const std::filesystem::path file = Write("\"c\",5,4,\"\"\r\n");
+  VariableFile variables;
+  variables.Read(file);
+  const FullDisk full(8);
+  EXPECT_THROW(variables.Save(file, [](const std::string& path) { std::ofstream(path) << ""; }), RunTimeError);
+  EXPECT_EQ(Read(file), "\"c\",5,4,\"\"\r\n");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(mFolder), {}), 1);
+}
+#endif
+
+TEST_F(FunctionFile, of_variables_keeps_what_is_no_variable) {
+  VariableFile variables;
+  variables.Read(Write("\"speed\",5,4,\"fixed\"\r\n\"b\",1,2,\"\"\r\n\"a\",7,8,\"\"\r\n"));
+  // b is gone since, a has become an ordinary variable.
+  variables.Save(mFolder / "new.pvv", [](const std::string& path) {
+    std::ofstream(path, std::ios::binary) << "\"z\",1,2,\"\"\r\n\"A\",3,2,\"\"\r\n";
+  });
+  EXPECT_EQ(Read(mFolder / "new.pvv"), "\"z\",1,2,\"\"\r\n\"speed\",5,4,\"fixed\"\r\n\"A\",3,2,\"\"\r\n");
+}
+
+TEST_F(FunctionFile, of_variables_that_is_damaged_or_missing_is_refused_as_a_whole) {
+  VariableFile variables;
+  EXPECT_THROW(variables.Read(Write("\"c\",5,4,\"\"\r\n\"d\",1\r\n")), RunTimeError);
+  EXPECT_THROW(variables.Read(mFolder / "missing.pvv"), RunTimeError);
+  variables.Save(mFolder / "new.pvv", [](const std::string& path) { std::ofstream(path) << ""; });
+  EXPECT_EQ(Read(mFolder / "new.pvv"), "");
+}
+
+// A sheet of 8 by 10 inches at 100 dots an inch that can be printed on up to its edges.
+constexpr Page kSheet{800, 1000, 100, 100, 800, 1000, 0, 0};
+
+void ExpectPlace(const PagePlace& place, int left, int top, int right, int bottom) {
+  EXPECT_EQ(place.left, left);
+  EXPECT_EQ(place.top, top);
+  EXPECT_EQ(place.right, right);
+  EXPECT_EQ(place.bottom, bottom);
+}
+
+TEST(PageLayout, fills_the_width_between_margins_of_half_an_inch) {
+  ExpectPlace(FitPage(kSheet, 400, 200), 50, 50, 750, 400);
+}
+
+TEST(PageLayout, fills_the_height_with_a_tall_picture_in_the_middle) {
+  ExpectPlace(FitPage(kSheet, 100, 200), 175, 50, 625, 950);
+}
+
+TEST(PageLayout, counts_what_cannot_be_printed_on_as_margin) {
+  // A quarter of an inch all round, and more than half an inch on the left.
+  ExpectPlace(FitPage({750, 950, 100, 100, 800, 1000, 25, 25}, 400, 200), 25, 25, 725, 375);
+  ExpectPlace(FitPage({700, 950, 100, 100, 800, 1000, 75, 25}, 675, 200), 0, 25, 675, 225);
+}
+
+TEST(PageLayout, keeps_proportions_where_dots_are_not_square) {
+  ExpectPlace(FitPage({800, 2000, 100, 200, 800, 2000, 0, 0}, 400, 200), 50, 100, 750, 800);
+}
+
+TEST(PageLayout, gives_up_margins_on_paper_too_small_for_them) {
+  ExpectPlace(FitPage({90, 1000, 100, 100, 90, 1000, 0, 0}, 90, 100), 0, 50, 90, 150);
 }
 
 TEST_F(FunctionFile, loading_keeps_the_objects_that_the_control_was_given) {
