@@ -5,6 +5,7 @@
 # a host programmer needs beside them.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
+include(cmake/PublicHeaders.cmake)
 
 set(plotvane_element_data
   "${PROJECT_SOURCE_DIR}/identifiers/data/PTE Names.dat"
@@ -23,8 +24,10 @@ if(WIN32)
     ${PROJECT_SOURCE_DIR}/cmake/windows/register-for-me.cmd
     ${PROJECT_SOURCE_DIR}/cmake/windows/unregister.cmd
     ${PROJECT_SOURCE_DIR}/cmake/windows/unregister-for-me.cmd
+    ${PROJECT_SOURCE_DIR}/cmake/windows/README.txt
     ${PROJECT_SOURCE_DIR}/docs/hosting.md
     DESTINATION . COMPONENT control)
+  install(FILES ${PROJECT_SOURCE_DIR}/docs/examples/YFunction.h DESTINATION examples COMPONENT control)
   get_target_property(plotvane_type_library plotvane_interface PLOTVANE_TYPE_LIBRARY)
   install(FILES ${plotvane_type_library} DESTINATION . RENAME Plotvane.tlb COMPONENT control)
   return()
@@ -39,12 +42,35 @@ file(RELATIVE_PATH plotvane_link_target
 file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/link)
 file(CREATE_LINK ${plotvane_link_target} ${PROJECT_BINARY_DIR}/link/plotvane SYMBOLIC)
 install(FILES ${PROJECT_BINARY_DIR}/link/plotvane DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
-install(FILES hosts/terminal/plotvane.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program)
 
-# Headers say "engine/clsExp.h" among themselves; users say <plotvane/engine/clsExp.h>. Both are found.
-foreach(folder platform identifiers functions functions/kernels engine graph control)
-  file(GLOB headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.h)
-  install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/plotvane/${folder} COMPONENT library)
+# compressed(SOURCE FILE): the target `documents` makes FILE.gz in the build folder, the same bytes each time.
+find_program(PLOTVANE_GZIP gzip REQUIRED)
+add_custom_target(documents ALL)
+function(compressed source file)
+  set(made ${PROJECT_BINARY_DIR}/documents/${file}.gz)
+  add_custom_command(OUTPUT ${made} COMMAND ${PLOTVANE_GZIP} -9nc ${source} > ${made} DEPENDS ${source} VERBATIM)
+  add_custom_target(document_${file} DEPENDS ${made})
+  add_dependencies(documents document_${file})
+endfunction()
+file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/documents)
+compressed(${PROJECT_SOURCE_DIR}/hosts/terminal/plotvane.1 plotvane.1)
+compressed(${PROJECT_SOURCE_DIR}/CHANGELOG.md changelog)
+install(FILES ${PROJECT_BINARY_DIR}/documents/plotvane.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program)
+install(FILES ${PROJECT_BINARY_DIR}/documents/changelog.gz DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/plotvane COMPONENT program)
+
+# What users of the library may include, and what that includes. Headers say "engine/clsExp.h" among themselves; users
+# say <plotvane/engine/clsExp.h>. Both are found.
+plotvane_public_headers(headers
+  platform/conversions.h platform/number_text.h platform/open_files.h platform/runtime_error.h
+  platform/standard_error.h platform/value.h platform/variable_table.h
+  identifiers/clsNodeTable.h identifiers/clsPeriodicTable.h identifiers/clsVarTable.h
+  functions/catalogue.h functions/clsMath.h
+  engine/clsExp.h engine/clsPreParsedExpression.h engine/clsStack.h engine/clsStackl.h engine/clsStdErrObj.h
+  graph/clsYGraph.h graph/drawing_surface.h graph/raster_surface.h graph/y_function.h
+  control/face.h control/graph.h control/headless_face.h)
+foreach(header IN LISTS headers)
+  get_filename_component(folder ${header} DIRECTORY)
+  install(FILES ${PROJECT_SOURCE_DIR}/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/plotvane/${folder} COMPONENT library)
 endforeach()
 target_include_directories(plotvane INTERFACE
   $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>

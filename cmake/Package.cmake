@@ -23,6 +23,10 @@ else()
   set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
   set(CPACK_DEBIAN_PACKAGE_SECTION math)
   set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+  set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+    "The command plotvane calculates, writes tables of functions and draws
+their graphs. The library libplotvane gives C++ programs the same engine
+and plotter, without a window and without other libraries.")
   set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
   set(CPACK_COMPONENTS_ALL program library)
   set(CPACK_DEB_COMPONENT_INSTALL ON)
