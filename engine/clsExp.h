@@ -115,13 +115,12 @@ class clsExp {
   // While `*stop` is true every line ends at its beginning with standard error 18. So does each pass of a
   // calculus operation in progress, which then fails as after any error in its expression. The flag may be
   // set from another thread or by a signal handler, is only read here, and outlives its use; null (the
-  // default) for none. A replay by a compiled program does not ask: it is short and cannot loop; blocks of
-  // them ask once each.
-  void SetStopFlag(const std::atomic<bool>* stop) noexcept { mStop = stop; }
-  [[nodiscard]] const std::atomic<bool>* GetStopFlag() const noexcept { return mStop; }
-  [[nodiscard]] bool StopRequested() const noexcept {
-    return mStop && mStop->load(std::memory_order_relaxed);
+  // default) for none. Replays by compiled programs ask before each value or block of values.
+  void SetStopFlag(const std::atomic<bool>* stop) noexcept { mStop = stop ? stop : &kNoStop; }
+  [[nodiscard]] const std::atomic<bool>* GetStopFlag() const noexcept {
+    return mStop == &kNoStop ? nullptr : mStop;
   }
+  [[nodiscard]] bool StopRequested() const noexcept { return mStop->load(std::memory_order_relaxed); }
 
   // When on, a single statement is not formatted, and a result that is not numeric is custom error 8. A
   // boolean is numeric, as is a text that is a number from end to end.
@@ -175,7 +174,8 @@ class clsExp {
   std::shared_ptr<platform::VariableTable> mVarTable;
   std::shared_ptr<identifiers::clsVarTable> mOwnTable;  // mVarTable when it is the system's own, else nothing
   std::string mExpression;
-  const std::atomic<bool>* mStop = nullptr;
+  static constexpr std::atomic<bool> kNoStop{false};
+  const std::atomic<bool>* mStop = &kNoStop;
   NumberMode mNumberMode = NumberMode::Decimal;
   std::int16_t mFixedDecimalPlaces = 0;
   bool mRadianMode = true;

@@ -61,9 +61,9 @@ class Curve {
  private:
   // Whether everything is as the last evaluation by the program left it.
   [[nodiscard]] bool IsSteady() const noexcept {
-    return mExpression.mEpoch == mSteadyEpoch && &mExpression.mPPE->List() == mTokens &&
-           mTable->Changes() == mSeenChanges && mExpression.mErrObj.IsClear() &&
-           mExpression.mPPE->IsAtBeginning() && !mExpression.StopRequested();
+    return !mExpression.StopRequested() && mExpression.mEpoch == mSteadyEpoch &&
+           &mExpression.mPPE->List() == mTokens && mTable->Changes() == mSeenChanges &&
+           mExpression.mErrObj.IsClear() && mExpression.mPPE->IsAtBeginning();
   }
   void StoreVarying(double x) noexcept {
     mTable->SetNumber(*mRecord, x);

@@ -81,10 +81,10 @@ void Lexer::SkipWhiteSpace() noexcept {
   while (IsWhiteSpace(Peek())) ++mPlace;
 }
 
-template <class Predicate>
-std::string_view Lexer::TakeWhile(Predicate belongs) noexcept {
+template <bool (*kBelongs)(char) noexcept>
+std::string_view Lexer::TakeWhile() noexcept {
   const std::size_t begin = mPlace;
-  while (belongs(Peek())) ++mPlace;
+  while (kBelongs(Peek())) ++mPlace;
   return std::string_view(mText).substr(begin, mPlace - begin);
 }
 
@@ -100,7 +100,7 @@ std::string_view Lexer::TakeCharacter() noexcept {
 
 Token Lexer::DecimalNumber() noexcept {
   mAfterNumber = true;
-  return {TokenKind::Number, Radix::Decimal, TakeWhile(IsNumberPart)};
+  return {TokenKind::Number, Radix::Decimal, TakeWhile<IsNumberPart>()};
 }
 
 // Digits that do not fit the base are let in here; the conversion of the literal refuses them.
@@ -108,10 +108,10 @@ Token Lexer::BasedNumber() noexcept {
   const std::size_t begin = mPlace++;
   const std::string_view letter = TakeCharacter();
   mAfterNumber = true;
-  if (letter == "h") return {TokenKind::Number, Radix::Hexadecimal, TakeWhile(IsHexDigit)};
-  if (letter == "o" || letter == "q") return {TokenKind::Number, Radix::Octal, TakeWhile(IsDigit)};
-  if (letter == "b") return {TokenKind::Number, Radix::Binary, TakeWhile(IsDigit)};
-  if (letter == "d") return {TokenKind::Number, Radix::Decimal, TakeWhile(IsNumberPart)};
+  if (letter == "h") return {TokenKind::Number, Radix::Hexadecimal, TakeWhile<IsHexDigit>()};
+  if (letter == "o" || letter == "q") return {TokenKind::Number, Radix::Octal, TakeWhile<IsDigit>()};
+  if (letter == "b") return {TokenKind::Number, Radix::Binary, TakeWhile<IsDigit>()};
+  if (letter == "d") return {TokenKind::Number, Radix::Decimal, TakeWhile<IsNumberPart>()};
   return {TokenKind::BadBase, Radix::Decimal, std::string_view(mText).substr(begin, mPlace - begin)};
 }
 
@@ -119,7 +119,7 @@ Token Lexer::Word(bool directlyAfterNumber) noexcept {
   if (directlyAfterNumber && Peek() == 'e' && IsDigit(Peek(1))) {
     return {TokenKind::Exponent, Radix::Decimal, TakeCharacter()};
   }
-  const std::string_view word = TakeWhile(IsWordPart);
+  const std::string_view word = TakeWhile<IsWordPart>();
   return {WordKind(word), Radix::Decimal, word};
 }
 

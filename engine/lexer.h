@@ -29,8 +29,8 @@ class Lexer : public TokenSource {
  private:
   [[nodiscard]] char Peek(std::size_t ahead = 0) const noexcept;
   void SkipWhiteSpace() noexcept;
-  template <class Predicate>
-  std::string_view TakeWhile(Predicate belongs) noexcept;
+  template <bool (*kBelongs)(char) noexcept>
+  std::string_view TakeWhile() noexcept;
   std::string_view TakeCharacter() noexcept;
 
   Token DecimalNumber() noexcept;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 namespace plotvane::engine {
 
@@ -37,7 +38,6 @@ constexpr std::array kCharacters{
 
 constexpr std::size_t kOtherKinds = 5;  // End, Number, BadBase, Identifier, Unknown have no one text
 static_assert(kWords.size() + kPairs.size() + kCharacters.size() + kOtherKinds ==
-
               static_cast<std::size_t>(TokenKind::Unknown) + 1);
 
 template <std::size_t Count>
@@ -46,11 +46,29 @@ constexpr const Named* Find(const std::array<Named, Count>& table, std::string_v
   return found == table.end() ? nullptr : &*found;
 }
 
-template <std::size_t Count>
-constexpr std::string_view TextOf(const std::array<Named, Count>& table, TokenKind kind) noexcept {
-  const auto found = std::ranges::find(table, kind, &Named::kind);
-  return found == table.end() ? std::string_view() : found->text;
+// The texts by their kinds; empty for the other kinds.
+constexpr std::array kTextOfKind = [] {
+  std::array<std::string_view, static_cast<std::size_t>(TokenKind::Unknown) + 1> texts{};
+  for (const Named& word : kWords) texts[static_cast<std::size_t>(word.kind)] = word.text;
+  for (const Named& pair : kPairs) texts[static_cast<std::size_t>(pair.kind)] = pair.text;
+  for (const Named& character : kCharacters) texts[static_cast<std::size_t>(character.kind)] = character.text;
+  return texts;
+}();
+
+// Up to three letters as one number.
+constexpr std::uint32_t Letters(std::string_view word) noexcept {
+  std::uint32_t letters = 0;
+  for (const char letter : word) letters = letters << 8U | static_cast<unsigned char>(letter);
+  return letters;
 }
+constexpr std::array kLettersOfWords = [] {
+  std::array<std::uint32_t, kWords.size()> letters{};
+  std::ranges::transform(kWords, letters.begin(), Letters, &Named::text);
+  return letters;
+}();
+constexpr std::size_t kLongestWord = 3;
+static_assert(std::ranges::all_of(kWords,
+                                  [](const Named& word) { return word.text.size() <= kLongestWord; }));
 
 // The kinds of the single characters, by their codes.
 constexpr std::array kKindOfCode = [] {
@@ -74,9 +92,10 @@ TokenKind PairKind(std::string_view pair) noexcept {
 }
 
 TokenKind WordKind(std::string_view lowerCaseWord) noexcept {
-  if (lowerCaseWord.size() > 3) return TokenKind::Identifier;
-  const Named* word = Find(kWords, lowerCaseWord);
-  return word ? word->kind : TokenKind::Identifier;
+  if (lowerCaseWord.size() > kLongestWord) return TokenKind::Identifier;
+  const auto found = std::ranges::find(kLettersOfWords, Letters(lowerCaseWord));
+  if (found == kLettersOfWords.end()) return TokenKind::Identifier;
+  return kWords[static_cast<std::size_t>(found - kLettersOfWords.begin())].kind;
 }
 
 std::string_view KindText(const Token& token) noexcept {
@@ -86,19 +105,17 @@ std::string_view KindText(const Token& token) noexcept {
     case TokenKind::BadBase: return "num";
     case TokenKind::Identifier: return "id";
     case TokenKind::Unknown: return token.spelling;
-    default: break;
+    default: return kTextOfKind[static_cast<std::size_t>(token.kind)];
   }
-  if (const std::string_view word = TextOf(kWords, token.kind); !word.empty()) return word;
-  if (const std::string_view pair = TextOf(kPairs, token.kind); !pair.empty()) return pair;
-  return TextOf(kCharacters, token.kind);
 }
 
 TokenKind KindFromText(std::string_view text) noexcept {
   if (text.empty()) return TokenKind::End;
+  if (text.size() == 1 && CharacterKind(text[0]) != TokenKind::Unknown) return CharacterKind(text[0]);
   if (text == "num") return TokenKind::Number;
   if (text == "id") return TokenKind::Identifier;
   if (const Named* word = Find(kWords, text)) return word->kind;
-  return text.size() == 1 ? CharacterKind(text[0]) : PairKind(text);
+  return PairKind(text);
 }
 
 }  // namespace plotvane::engine
