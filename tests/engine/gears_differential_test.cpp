@@ -15,8 +15,9 @@ namespace {
 
 std::vector<std::filesystem::path> CorpusFiles() {
   std::vector<std::filesystem::path> files;
-  for (const auto& entry : std::filesystem::directory_iterator(PLOTVANE_CORPUS))
-    files.push_back(entry.path());
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(PLOTVANE_CORPUS)) {
+    if (entry.is_regular_file()) files.push_back(entry.path());
+  }
   std::ranges::sort(files);
   return files;
 }
