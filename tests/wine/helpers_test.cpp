@@ -98,6 +98,21 @@ TEST(Variant, an_object_stands_for_its_default_property) {
             91);
 }
 
+TEST(Variant, a_default_property_is_converted_like_any_value) {
+  const auto holder = Make<NamedObject>();
+  holder->DefineDefault([] { return Variant("12"); });
+  const Variant object(holder.Get());
+  EXPECT_EQ(control::com::ToDouble(object.Get()), 12);
+  EXPECT_EQ(control::com::ToText(object.Get()), "12");
+  EXPECT_EQ(ToValue(object.Get()), Value("12"));
+  const auto none = MakeFunction("x");
+  EXPECT_EQ(NumberOf([&] { static_cast<void>(control::com::ToDouble(Variant(none.Get()).Get())); }), 438);
+  // An object in an object is no value.
+  const auto outer = Make<NamedObject>();
+  outer->DefineDefault([&] { return Variant(holder.Get()); });
+  EXPECT_EQ(NumberOf([&] { static_cast<void>(control::com::ToDouble(Variant(outer.Get()).Get())); }), 13);
+}
+
 TEST(Variant, conversions_fail_with_the_standard_numbers) {
   EXPECT_EQ(NumberOf([] { static_cast<void>(control::com::ToInt16(Variant(40000.0).Get())); }), 6);
   EXPECT_EQ(NumberOf([] { static_cast<void>(control::com::ToDouble(Variant("text").Get())); }), 13);

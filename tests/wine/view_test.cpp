@@ -164,7 +164,7 @@ TEST_F(View, what_the_host_drew_itself_is_in_the_metafile_too) {
   EXPECT_GT(played.Count(RGB(0, 255, 0)), 0);
 }
 
-// The picture that `name` shows, for people; tests leave it beside themselves.
+// Leaves the pictures beside the test program, for people to look at.
 TEST_F(View, a_played_metafile_looks_like_the_screen) {
   Activate();
   PlotInRed("5*sin(x)");
