@@ -29,7 +29,7 @@ constexpr std::array<Workload, kWorkloadCount> kWorkloads = {{
     {"abs(x)*ln(abs(x)+1)", "abs(x)*ln(abs(x)+1)", "abs(x)*ln(abs(x)+1)", "abs(x)*log(abs(x)+1)",
      native::AbsLog},
     {"a*x^2+b*x+c", "a*x^2+b*x+c", "a*x^2+b*x+c", "a*x^2+b*x+c", native::Quadratic},
-    {"(x>0) and (x<5)", "(x>0) and (x<5)", "((x>0) && (x<5)) ? -1 : 0", "((x>0) and (x<5)) and -1 or 0",
+    {"(x>0) and (x<5)", "(x>0) and (x<5)", "-((x>0) && (x<5))", "((x>0) and (x<5)) and -1 or 0",
      native::Between},
     {"ten nested brackets", kNested, kNested, kNested, native::Nested},
     {"60-operator polynomial", kPolynomial, kPolynomial, kPolynomial, native::Polynomial},
