@@ -31,30 +31,30 @@ HBITMAP CreatePixels(std::int32_t width, std::int32_t height) noexcept {
 
 GdiSurface::GdiSurface(std::int32_t width, std::int32_t height) : mContext(::CreateCompatibleDC(nullptr)) {
   if (!mContext) ThrowOutOfMemory();
-  mFirstBitmap = ::GetCurrentObject(mContext.get(), OBJ_BITMAP);
-  mFirstPen = ::GetCurrentObject(mContext.get(), OBJ_PEN);
+  mFirstBitmap = ::GetCurrentObject(mContext.Get(), OBJ_BITMAP);
+  mFirstPen = ::GetCurrentObject(mContext.Get(), OBJ_PEN);
   Resize(width, height);
 }
 
 // A bitmap or pen is destroyed only when no context holds it.
 GdiSurface::~GdiSurface() {
-  ::SelectObject(mContext.get(), mFirstPen);
-  ::SelectObject(mContext.get(), mFirstBitmap);
+  ::SelectObject(mContext.Get(), mFirstPen);
+  ::SelectObject(mContext.Get(), mFirstBitmap);
 }
 
 void GdiSurface::Resize(std::int32_t width, std::int32_t height) {
   OwnedBitmap bitmap(CreatePixels(width, height));
   if (!bitmap) ThrowOutOfMemory();
-  const MemoryContext old(::CreateCompatibleDC(nullptr));
+  const OwnedMemoryContext old(::CreateCompatibleDC(nullptr));
   if (!old) ThrowOutOfMemory();
 
-  ::SelectObject(mContext.get(), bitmap.get());
+  ::SelectObject(mContext.Get(), bitmap.Get());
   FillBackground(width, height);
   if (mBitmap) {
-    const HGDIOBJ first = ::SelectObject(old.get(), mBitmap.get());
-    ::BitBlt(mContext.get(), 0, 0, std::min(width, mWidth), std::min(height, mHeight), old.get(), 0, 0,
+    const HGDIOBJ first = ::SelectObject(old.Get(), mBitmap.Get());
+    ::BitBlt(mContext.Get(), 0, 0, std::min(width, mWidth), std::min(height, mHeight), old.Get(), 0, 0,
              SRCCOPY);
-    ::SelectObject(old.get(), first);
+    ::SelectObject(old.Get(), first);
   }
   mBitmap = std::move(bitmap);
   mWidth = width;
@@ -63,12 +63,12 @@ void GdiSurface::Resize(std::int32_t width, std::int32_t height) {
 
 void GdiSurface::FillBackground(std::int32_t width, std::int32_t height) noexcept {
   const RECT all{0, 0, width, height};
-  ::FillRect(mContext.get(), &all, ::GetSysColorBrush(COLOR_WINDOW));
+  ::FillRect(mContext.Get(), &all, ::GetSysColorBrush(COLOR_WINDOW));
 }
 
 void GdiSurface::Paint(HDC target, const RECT& area) noexcept {
   mShownLater = false;
-  ::BitBlt(target, area.left, area.top, area.right - area.left, area.bottom - area.top, mContext.get(),
+  ::BitBlt(target, area.left, area.top, area.right - area.left, area.bottom - area.top, mContext.Get(),
            area.left, area.top, SRCCOPY);
 }
 
@@ -110,41 +110,41 @@ void GdiSurface::Draw(const DrawingStep& step) {
     DrawDisc(step.from, colour, step.penWidth);
   } else if (step.isLine) {
     SelectPen(colour, step.penWidth);
-    ::MoveToEx(mContext.get(), step.from.x, step.from.y, nullptr);
-    ::LineTo(mContext.get(), step.to.x, step.to.y);
+    ::MoveToEx(mContext.Get(), step.from.x, step.from.y, nullptr);
+    ::LineTo(mContext.Get(), step.to.x, step.to.y);
   } else {
-    ::SetPixelV(mContext.get(), step.from.x, step.from.y, colour);
+    ::SetPixelV(mContext.Get(), step.from.x, step.from.y, colour);
   }
 }
 
 void GdiSurface::DrawDisc(graph::PixelPoint centre, COLORREF colour, int diameter) noexcept {
   const int left = centre.x - diameter / 2;
   const int top = centre.y - diameter / 2;
-  ::SelectObject(mContext.get(), ::GetStockObject(DC_PEN));
-  ::SetDCPenColor(mContext.get(), colour);
-  ::SetDCBrushColor(mContext.get(), colour);
-  const HGDIOBJ brush = ::SelectObject(mContext.get(), ::GetStockObject(DC_BRUSH));
-  ::Ellipse(mContext.get(), left, top, left + diameter, top + diameter);
-  ::SelectObject(mContext.get(), brush);
+  ::SelectObject(mContext.Get(), ::GetStockObject(DC_PEN));
+  ::SetDCPenColor(mContext.Get(), colour);
+  ::SetDCBrushColor(mContext.Get(), colour);
+  const HGDIOBJ brush = ::SelectObject(mContext.Get(), ::GetStockObject(DC_BRUSH));
+  ::Ellipse(mContext.Get(), left, top, left + diameter, top + diameter);
+  ::SelectObject(mContext.Get(), brush);
 }
 
 // One-pixel lines use the context's own pen, of which only the colour changes; a wide pen is made anew for
 // each width and colour.
 void GdiSurface::SelectPen(COLORREF colour, int width) {
   if (width <= 1) {
-    ::SelectObject(mContext.get(), ::GetStockObject(DC_PEN));
-    ::SetDCPenColor(mContext.get(), colour);
+    ::SelectObject(mContext.Get(), ::GetStockObject(DC_PEN));
+    ::SetDCPenColor(mContext.Get(), colour);
     return;
   }
   if (!mWidePen || mWidePenColour != colour || mWidePenWidth != width) {
-    Pen pen(::CreatePen(PS_SOLID, width, colour));
+    OwnedPen pen(::CreatePen(PS_SOLID, width, colour));
     if (!pen) ThrowOutOfMemory();
-    ::SelectObject(mContext.get(), mFirstPen);  // a selected pen is never destroyed
+    ::SelectObject(mContext.Get(), mFirstPen);  // a selected pen is never destroyed
     mWidePen = std::move(pen);
     mWidePenColour = colour;
     mWidePenWidth = width;
   }
-  ::SelectObject(mContext.get(), mWidePen.get());
+  ::SelectObject(mContext.Get(), mWidePen.Get());
 }
 
 void GdiSurface::RedrawInSystemColours() {
@@ -174,7 +174,7 @@ void GdiSurface::SetPointer(graph::PointerKind kind) {
 
 std::int32_t GdiSurface::DeviceContext() {
   mSteps.GiveUp();
-  const auto handle = reinterpret_cast<std::uintptr_t>(mContext.get());
+  const auto handle = reinterpret_cast<std::uintptr_t>(mContext.Get());
   return static_cast<std::int32_t>(static_cast<std::uint32_t>(handle));
 }
 

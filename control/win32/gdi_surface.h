@@ -5,11 +5,10 @@
 
 #include <cstdint>
 #include <functional>
-#include <memory>
-#include <type_traits>
 #include <utility>
 
 #include "control/win32/display_list.h"
+#include "control/win32/handles.h"
 #include "graph/drawing_surface.h"
 
 namespace plotvane::control::win32 {
@@ -43,8 +42,8 @@ class GdiSurface : public graph::DrawingSurface {
   // on stays as it is.
   void RedrawInSystemColours();
 
-  [[nodiscard]] HDC Context() const noexcept { return mContext.get(); }
-  [[nodiscard]] HBITMAP Bitmap() const noexcept { return mBitmap.get(); }
+  [[nodiscard]] HDC Context() const noexcept { return mContext.Get(); }
+  [[nodiscard]] HBITMAP Bitmap() const noexcept { return mBitmap.Get(); }
 
   // The same picture step by step, for targets that want lines.
   [[nodiscard]] const DisplayList& Steps() const noexcept { return mSteps; }
@@ -66,16 +65,6 @@ class GdiSurface : public graph::DrawingSurface {
   [[nodiscard]] std::int32_t DeviceContext() override;
 
  private:
-  struct DeleteBitmapOrPen {
-    void operator()(HGDIOBJ object) const noexcept { ::DeleteObject(object); }
-  };
-  struct DeleteContext {
-    void operator()(HDC context) const noexcept { ::DeleteDC(context); }
-  };
-  using OwnedBitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, DeleteBitmapOrPen>;
-  using Pen = std::unique_ptr<std::remove_pointer_t<HPEN>, DeleteBitmapOrPen>;
-  using MemoryContext = std::unique_ptr<std::remove_pointer_t<HDC>, DeleteContext>;
-
   void FillBackground(std::int32_t width, std::int32_t height) noexcept;
   void Add(const DrawingStep& step);
   void Draw(const DrawingStep& step);
@@ -85,10 +74,10 @@ class GdiSurface : public graph::DrawingSurface {
 
   // In the order of making; the context lets go of bitmap and pen before they are destroyed.
   OwnedBitmap mBitmap;
-  Pen mWidePen;
+  OwnedPen mWidePen;
   COLORREF mWidePenColour = 0;
   int mWidePenWidth = 0;
-  MemoryContext mContext;
+  OwnedMemoryContext mContext;
   HGDIOBJ mFirstBitmap = nullptr;  // what the context held when it was made
   HGDIOBJ mFirstPen = nullptr;
   DisplayList mSteps;

@@ -78,6 +78,36 @@ TEST(RangeDialog, tab_mnemonics_and_enter_work_and_the_expression_is_offered_aga
   EXPECT_EQ(TextOf(Field(dialog, 5)), "2");
 }
 
+TEST(RangeDialog, an_earlier_entry_can_be_chosen_from_its_list) {
+  const FaceOnScreen face;
+  HWND dialog = OpenRange(face);
+  PressKey('2', VK_MENU);
+  RetypeText("5*2");
+  PressKey(VK_RETURN);
+  ASSERT_TRUE(Closes(dialog));
+  dialog = OpenRange(face);
+  PressKey('2', VK_MENU);
+  RetypeText("7");
+  PressKey(VK_DOWN);  // the number that the dialog began with
+  EXPECT_EQ(TextOf(Field(dialog, 1)), "10");
+  PressKey(VK_DOWN);  // the text entered before
+  EXPECT_EQ(TextOf(Field(dialog, 1)), "5*2");
+  PressKey(VK_RETURN);
+  ASSERT_TRUE(Closes(dialog));
+  EXPECT_EQ(face.GetRange(), kStandardRange);
+}
+
+TEST(RangeDialog, a_text_that_is_no_expression_leaves_its_number) {
+  const FaceOnScreen face;
+  HWND dialog = OpenRange(face);
+  RetypeText("5*");
+  PressKey(VK_TAB);
+  RetypeText("20");
+  PressKey(VK_RETURN);
+  ASSERT_TRUE(Closes(dialog));
+  EXPECT_EQ(face.GetRange(), (Range{-10, 20, -10, 10}));
+}
+
 TEST(RangeDialog, escape_cancel_and_the_close_box_write_nothing) {
   const FaceOnScreen face;
   for (int way = 0; way < 3; ++way) {
@@ -306,6 +336,25 @@ TEST_F(FormatOnScreen, the_bars_step_one_by_their_arrows_and_ten_on_the_density_
   const RECT pen = ScreenRect(Bar(0));
   ClickAt(Bar(0), (pen.right - pen.left) - 25, (pen.bottom - pen.top) / 2);
   EXPECT_EQ(TextOf(Box(0)), "2");
+}
+
+TEST_F(FormatOnScreen, dragging_a_bar_changes_its_box_all_the_way) {
+  RECT client{};
+  ::GetClientRect(Bar(0), &client);
+  const int thumb = client.bottom + client.bottom / 2;  // right of the arrow, which is as wide as high
+  MoveTo(Bar(0), thumb, client.bottom / 2);
+  ButtonDown();
+  int last = 1;
+  for (int x = thumb + 8; x < client.right - 2 * client.bottom; x += 8) {
+    MoveTo(Bar(0), x, client.bottom / 2);
+    const int shown = std::stoi(TextOf(Box(0)));
+    EXPECT_GT(shown, last);
+    last = shown;
+  }
+  EXPECT_GT(last, 15);
+  ButtonUp();
+  EXPECT_EQ(::GetScrollPos(Bar(0), SB_CTL), last);
+  EXPECT_EQ(TextOf(Box(0)), std::to_string(last));
 }
 
 TEST_F(FormatOnScreen, the_preview_shows_the_pen) {

@@ -250,6 +250,7 @@ void SavePicture(HWND window, const std::string& name) {
 // ---- The program ----
 
 Program::Program(const std::string& commandLine, std::string_view title) {
+  TakePointerAway();  // no window opens under it
   std::wstring line = ToWide(commandLine);
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;

@@ -158,7 +158,6 @@ TEST(Face, a_drag_zooms_to_the_box) {
   ButtonDown();
   MoveTo(face.Surface(), size.cx / 2 + 30, size.cy / 4 + 20);
   MoveTo(face.Surface(), 3 * size.cx / 4 - 1, size.cy / 2);
-  SavePicture(face.Top(), "rubber-band");
   const COLORREF edge = PixelAt(face.Surface(), 5 * size.cx / 8, size.cy / 4);
   EXPECT_EQ(edge, RGB(0, 0, 0));  // the inverse of the empty picture
   ButtonUp();
@@ -179,6 +178,7 @@ TEST(Face, a_drag_to_the_left_and_upwards_gives_the_same_range) {
   MoveTo(face.Surface(), 100, 120);
   EXPECT_TRUE(
       WaitUntil([&] { return PixelAt(face.Surface(), 200, 120) == RGB(0, 0, 0); }));  // the upper edge
+  SavePicture(face.Top(), "rubber-band");
   ButtonUp();
   const Point topLeft = PointAt(kStandardRange, size, 100, 120);
   ExpectRangeAround(face, {topLeft.x + 100 * 20.0 / size.cx, topLeft.y - 40 * 20.0 / size.cy},
@@ -258,6 +258,34 @@ TEST(Face, moving_shows_the_coordinates) {
   const SIZE size = SurfaceSize(face);
   MoveTo(face.Surface(), size.cx / 2 - 1, 40);
   EXPECT_TRUE(WaitUntil([&] { return face.Status().substr(0, 6) == "X=0   "; })) << face.Status();
+}
+
+TEST(Face, the_coordinates_are_polar_when_the_style_says_so) {
+  const FaceOnScreen face;
+  const SIZE size = SurfaceSize(face);
+  ASSERT_HRESULT_SUCCEEDED(Automation(face.Top()).SetNumber(L"GCStyle", 2));
+  MoveTo(face.Surface(), size.cx / 2 - 1, 40);
+  const double y = PointAt(kStandardRange, size, 0, 40).y;
+  const auto isPolar = [&] {
+    const std::string status = face.Status();
+    return status.starts_with("RADIUS=" + std::to_string(y).substr(0, 5)) &&
+           status.find("    REFANGLE=0 radians   X=0    Y=") != std::string::npos;
+  };
+  EXPECT_TRUE(WaitUntil(isPolar)) << face.Status();
+}
+
+TEST(Face, a_function_that_is_not_enabled_is_refused_and_stepped_over) {
+  const FaceOnScreen face("\"x\" \"-x\" \"x^2\"");
+  Click(face.NumberBox());
+  RetypeText("2");
+  Click(face.Button("&Trace"));
+  EXPECT_EQ(TakeMessage("Invalid Equation"),
+            "You need to enter a valid number of an enabled Y function with a non-empty function expression");
+  EXPECT_TRUE(face.SimpleBecomes("Selected function is not enabled.")) << face.Simple();
+  Click(face.NumberBox());
+  RetypeText("1");
+  PressKey(VK_DOWN);
+  EXPECT_EQ(face.Status(), "Y3=x^2");
 }
 
 TEST(Face, the_trace_follows_the_curve_and_a_click_shows_the_value) {

@@ -144,7 +144,6 @@ TEST(Life, the_toolbar_gives_its_room_to_the_surface_when_it_is_hidden) {
 
 TEST(Life, a_resized_window_lays_out_anew) {
   const FaceOnScreen face;
-  ::SetCursorPos(1270, 1000);  // away from the surface, which would show its position
   for (const SIZE size : {SIZE{1000, 700}, SIZE{300, 260}, SIZE{130, 120}, SIZE{640, 480}}) {
     ::SetWindowPos(face.Top(), nullptr, 0, 0, size.cx, size.cy, SWP_NOZORDER);
     Settle();
