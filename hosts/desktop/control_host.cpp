@@ -56,6 +56,20 @@ ComPtr<IUnknown> CreateControl() {
       "control once: regsvr32 Plotvane.ocx");
 }
 
+struct WindowSearch {
+  SIZE size;
+  HWND found = nullptr;
+};
+
+// Ends the search at a window of the wanted size.
+BOOL CALLBACK CompareSize(HWND window, LPARAM longer) {
+  auto& search = *reinterpret_cast<WindowSearch*>(longer);
+  RECT client;
+  ::GetClientRect(window, &client);
+  if (client.right == search.size.cx && client.bottom == search.size.cy) search.found = window;
+  return search.found == nullptr ? TRUE : FALSE;
+}
+
 void Check(HRESULT status, const char* what) {
   if (FAILED(status)) throw platform::RunTimeError(status, what);
 }
@@ -140,21 +154,9 @@ SIZE ControlHost::GraphSize() {
 
 // Where the graph lies in the control's window: the control tells its size, and one window in it has that.
 RECT ControlHost::GraphBounds() {
-  struct Search {
-    SIZE size;
-    HWND found = nullptr;
-  } search{GraphSize()};
+  WindowSearch search{GraphSize()};
   const HWND window = ControlWindow();
-  ::EnumChildWindows(
-      window,
-      [](HWND child, LPARAM longer) -> BOOL {
-        auto& wanted = *reinterpret_cast<Search*>(longer);
-        RECT client;
-        ::GetClientRect(child, &client);
-        if (client.right == wanted.size.cx && client.bottom == wanted.size.cy) wanted.found = child;
-        return wanted.found == nullptr ? TRUE : FALSE;
-      },
-      reinterpret_cast<LPARAM>(&search));
+  ::EnumChildWindows(window, &CompareSize, reinterpret_cast<LPARAM>(&search));
   RECT bounds;
   ::GetClientRect(search.found != nullptr ? search.found : window, &bounds);
   if (search.found != nullptr) ::MapWindowPoints(search.found, window, reinterpret_cast<POINT*>(&bounds), 2);

@@ -103,15 +103,14 @@ TEST_F(DesktopHost, the_end_of_the_users_session_waits_for_the_answer) {
   EXPECT_EQ(accepted.get(), TRUE);
 }
 
+BOOL CALLBACK Collect(HWND window, LPARAM longer) {
+  reinterpret_cast<std::vector<HWND>*>(longer)->push_back(window);
+  return TRUE;
+}
+
 std::vector<HWND> Children(HWND window) {
   std::vector<HWND> children;
-  ::EnumChildWindows(
-      window,
-      [](HWND child, LPARAM longer) -> BOOL {
-        reinterpret_cast<std::vector<HWND>*>(longer)->push_back(child);
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&children));
+  ::EnumChildWindows(window, &Collect, reinterpret_cast<LPARAM>(&children));
   return children;
 }
 
