@@ -216,7 +216,11 @@ void DesktopDriver::Choose(wchar_t menu, wchar_t command) {
 }
 
 void DesktopDriver::Type(HWND box, const std::wstring& text) {
-  Click(box);
+  // A click may be lost while windows of other programs come and go on the screen.
+  for (int i = 0; i < 3 && Focus() != box; ++i) {
+    Click(box);
+    WaitUntil([&] { return Focus() == box; }, std::chrono::seconds(5));
+  }
   Press(VK_HOME);
   Press(VK_END, {VK_SHIFT});
   Press(VK_DELETE);
