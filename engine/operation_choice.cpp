@@ -9,19 +9,9 @@ using operations::List;
 
 constexpr std::size_t kKinds = static_cast<std::size_t>(TokenKind::Unknown) + 1;
 
+// The templates stand before their use: not every compiler instantiates them in time otherwise.
 class OperatorTable {
- public:
-  constexpr OperatorTable() { AddAll(operations::OfTwo{}); }
-
-  [[nodiscard]] constexpr const OperatorChoice& operator[](TokenKind kind) const noexcept {
-    return mChoices[static_cast<std::size_t>(kind)];
-  }
-
  private:
-  template <class... Operations>
-  constexpr void AddAll(List<Operations...> /*list*/) {
-    (Add<Operations>(), ...);
-  }
   template <class Operation>
   constexpr void Add() {
     if constexpr (requires { Operation::kOperator; }) {
@@ -36,7 +26,19 @@ class OperatorTable {
       }
     }
   }
+  template <class... Operations>
+  constexpr void AddAll(List<Operations...> /*list*/) {
+    (Add<Operations>(), ...);
+  }
 
+ public:
+  constexpr OperatorTable() { AddAll(operations::OfTwo{}); }
+
+  [[nodiscard]] constexpr const OperatorChoice& operator[](TokenKind kind) const noexcept {
+    return mChoices[static_cast<std::size_t>(kind)];
+  }
+
+ private:
   std::array<OperatorChoice, kKinds> mChoices{};
 };
 

@@ -61,8 +61,16 @@ Trapped RunTrapped(Arguments a) {
   return Formula::template Apply<Trapped>(a.values[0]);
 }
 
+// Make stands before its use: not every compiler instantiates it in time otherwise.
 class Table {
  public:
+  template <AngleRule kRule, auto kFormula>
+  constexpr void Make(Operation operation) {
+    using Radians = WithAngles<kRule, AngleMode::Radians, kFormula>;
+    using Degrees = WithAngles<kRule, AngleMode::Degrees, kFormula>;
+    At(operation) = {RunTrapped<Radians>, RunTrapped<Degrees>, kRule, true};
+  }
+
   constexpr Table() {
     ForEachUnary(*this);
     Add(Operation::Rnd, One<RandomFromSeed>);
@@ -86,13 +94,6 @@ class Table {
     Add(Operation::Syd, Four<financial::SumOfYears>);
     Add(Operation::IPmt, Six<financial::InterestPart>);
     Add(Operation::PPmt, Six<financial::PrincipalPart>);
-  }
-
-  template <AngleRule kRule, auto kFormula>
-  constexpr void Make(Operation operation) {
-    using Radians = WithAngles<kRule, AngleMode::Radians, kFormula>;
-    using Degrees = WithAngles<kRule, AngleMode::Degrees, kFormula>;
-    At(operation) = {RunTrapped<Radians>, RunTrapped<Degrees>, kRule, true};
   }
 
   [[nodiscard]] constexpr const Row& operator[](Operation operation) const {
