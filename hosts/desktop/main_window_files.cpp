@@ -5,6 +5,7 @@
 
 #include "hosts/desktop/picture.h"
 #include "hosts/desktop/text.h"
+#include "identifiers/clsVarTable.h"
 
 namespace plotvane::desktop {
 
@@ -20,9 +21,6 @@ constexpr FileKind kFunctions{L"Functions (*.pvf)\0*.pvf\0All files (*.*)\0*.*\0
 constexpr FileKind kVariables{L"Variables (*.pvv)\0*.pvv\0All files (*.*)\0*.*\0", L"pvv"};
 constexpr FileKind kPng{L"PNG pictures (*.png)\0*.png\0", L"png"};
 constexpr FileKind kEmf{L"Enhanced metafiles (*.emf)\0*.emf\0", L"emf"};
-
-// The type code of ordinary variables in the variable table.
-constexpr double kVariableType = 2;
 
 enum class FileDialog { Open, Save };
 
@@ -149,7 +147,7 @@ bool MainWindow::SaveVariables() {
   WithFile(file, "saved", [&] {
     mVariableFile.Save(file, [this](const std::string& newPath) {
       OwnedVariant type;
-      PutValue(platform::Value(kVariableType), type.Get());
+      PutValue(platform::Value(static_cast<double>(identifiers::kVariableType)), type.Get());
       OwnedVariant path;
       PutValue(platform::Value(newPath), path.Get());
       CallByName(*mTable.Get(), L"SaveTypeToFile", DISPATCH_METHOD, {type.Get(), path.Get()}, nullptr);

@@ -1,12 +1,12 @@
 #include "hosts/desktop/variable_list.h"
 
+#include "identifiers/clsVarTable.h"
+
 namespace plotvane::desktop {
 
 using platform::Value;
 
 namespace {
-
-constexpr double kVariableType = 2;
 
 bool Flag(IDispatch& node, const wchar_t* name) {
   const platform::Outcome<bool> flag = ValueByName(node, name).ToBoolean();
@@ -15,7 +15,7 @@ bool Flag(IDispatch& node, const wchar_t* name) {
 
 ComPtr<IDispatch> CollectVariables(IDispatch& table) {
   OwnedVariant type;
-  PutValue(Value(kVariableType), type.Get());
+  PutValue(Value(static_cast<double>(identifiers::kVariableType)), type.Get());
   OwnedVariant collected;
   CallByName(table, L"CollectFlag", DISPATCH_METHOD, {type.Get()}, &collected);
   return V_VT(&collected.Get()) == VT_DISPATCH ? V_DISPATCH(&collected.Get()) : nullptr;
